@@ -1,0 +1,7 @@
+#include "model/mdlEdit.h"
+
+namespace editor {
+
+LevelModel mdlEdit;
+
+} // namespace editor

@@ -1,0 +1,28 @@
+#include "platform/Picture.h"
+
+#include "platform/DrawingSurface.h"
+
+#include <memory>
+
+namespace editor {
+
+Picture::Picture(const QImage& image) : image_(image.convertToFormat(QImage::Format_RGB32)) {}
+
+Picture::Picture(DrawingSurface&& surface) {
+    const int width = surface.width();
+    const int height = surface.height();
+    auto pixels = std::make_unique<LargeBuffer>(surface.TakePixels());
+    if (pixels->empty()) {
+        return;
+    }
+    LargeBuffer* owned = pixels.release();
+    image_ = QImage(
+        owned->data(), width, height, qsizetype{width} * 4, QImage::Format_RGB32,
+        [](void* buffer) { delete static_cast<LargeBuffer*>(buffer); }, owned);
+}
+
+const std::uint32_t* Picture::row(int y) const {
+    return reinterpret_cast<const std::uint32_t*>(image_.constScanLine(y));
+}
+
+} // namespace editor

@@ -1,0 +1,106 @@
+#include "platform/RegularFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace editor {
+namespace {
+
+#ifdef Q_OS_UNIX
+
+// True when the file's bytes are on the disk and not only in the system's memory; also on a file
+// system that knows no such step.
+bool SyncToDisk(int descriptor) {
+    return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+// A renamed file is safe against a power cut only when its folder was written out too. File
+// systems that cannot do so answer EINVAL; the rename itself is done by then, so that no answer
+// here is a reason to tell the user that the file was not saved.
+void SyncFolder(const QString& folder) {
+    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY);
+    if (descriptor >= 0) {
+        ::fsync(descriptor);
+        ::close(descriptor);
+    }
+}
+
+#else
+
+bool SyncToDisk(int) {
+    return true;
+}
+void SyncFolder(const QString&) {}
+
+#endif
+
+} // namespace
+
+bool IsRegularFile(const QString& path) {
+    return QFileInfo(path).isFile();
+}
+
+QString ReadRegularFile(const QString& path, qint64 maximumSize, QByteArray& bytes) {
+    const QFileInfo info(path);
+    if (!info.exists() && !info.isSymLink()) {
+        bytes.clear();
+        return {};
+    }
+    if (!info.exists()) {
+        return QStringLiteral("the symbolic link leads nowhere");
+    }
+    if (!info.isFile()) {
+        return QStringLiteral("it is not a file");
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return file.errorString();
+    }
+    // One byte more than allowed tells a file that is too large, also one that is still growing.
+    QByteArray read = file.read(maximumSize + 1);
+    if (file.error() != QFileDevice::NoError) {
+        return file.errorString();
+    }
+    if (read.size() > maximumSize) {
+        return QStringLiteral("it is larger than %1 MiB").arg(maximumSize / (1024 * 1024));
+    }
+    bytes = std::move(read);
+    return {};
+}
+
+QString ReplaceFile(const QString& path, const QByteArray& bytes) {
+    if (QFileInfo::exists(path) && !IsRegularFile(path)) {
+        return QStringLiteral("it is not a file");
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        return file.errorString();
+    }
+    // QSaveFile::commit() does not check the last buffer that it writes: on a full disk it would
+    // put an empty file in place and report success. Flushed and synced before, nothing is left
+    // for it but the rename.
+    if (file.write(bytes) != bytes.size() || !file.flush()) {
+        const QString reason = file.errorString();
+        file.cancelWriting();
+        return reason;
+    }
+    if (!SyncToDisk(file.handle())) {
+        const QString reason = qt_error_string();
+        file.cancelWriting();
+        return reason;
+    }
+    if (!file.commit()) {
+        return file.errorString();
+    }
+    SyncFolder(QFileInfo(QFileInfo(path).canonicalFilePath()).absolutePath());
+    return {};
+}
+
+} // namespace editor
