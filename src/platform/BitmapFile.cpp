@@ -1,0 +1,9 @@
+#include "platform/BitmapFile.h"
+
+namespace editor {
+
+std::optional<Picture> LoadBitmapFile(const QString&, int) {
+    return std::nullopt;
+}
+
+} // namespace editor

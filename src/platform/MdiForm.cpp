@@ -1,0 +1,40 @@
+#include "platform/MdiForm.h"
+
+#include <QCloseEvent>
+#include <QLayout>
+#include <QMdiArea>
+
+namespace editor {
+
+MdiForm::MdiForm(QMdiArea& area, const QString& caption, QWidget* client) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(caption);
+    client->setWindowTitle(caption);
+    setWidget(client);
+    // No maximise and minimise boxes: such a form would change the main window's caption and get
+    // into states in which its size cannot be set.
+    area.addSubWindow(this, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+    hide();
+}
+
+QSize MdiForm::FrameSize() {
+    // Before it was shown, the frame is known only once the style was applied and the layout that
+    // keeps the client inside the frame was worked out.
+    ensurePolished();
+    layout()->activate();
+    return size() - widget()->size();
+}
+
+void MdiForm::FixClientSize(const QSize& size) {
+    resize(size + FrameSize());
+    setFixedSize(size + FrameSize());
+}
+
+void MdiForm::closeEvent(QCloseEvent* event) {
+    Form_QueryUnload();
+    event->accept();
+    Q_EMIT Closed();
+}
+
+} // namespace editor

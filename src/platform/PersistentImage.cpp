@@ -1,0 +1,168 @@
+#include "platform/PersistentImage.h"
+
+#include "platform/MarkRaster.h"
+#include "platform/Rounding.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace editor {
+namespace {
+
+// A region of many small rectangles costs more than the pixels that it saves.
+constexpr int MaximumRegionRects = 256;
+
+// Length of the pieces into which a line's changed area is cut, so that a long slanted line does
+// not count as the whole rectangle around it.
+constexpr int ChangePiece = 64;
+
+int SourceIndex(int view, int pictureSize, int stretchedSize) {
+    return static_cast<int>(static_cast<std::int64_t>(view) * pictureSize / stretchedSize);
+}
+
+// One row of the picture, stretched. `columns` holds the source column of each pixel.
+void StretchRow(std::uint32_t* target, const std::uint32_t* source, const std::vector<int>& columns,
+                bool unscaled) {
+    if (unscaled) {
+        std::memcpy(target, source + columns.front(), columns.size() * sizeof(std::uint32_t));
+        return;
+    }
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        target[i] = source[columns[i]];
+    }
+}
+
+} // namespace
+
+void PersistentImage::SetBackground(const Picture& picture, const QSize& size) {
+    background_ = size.isEmpty() ? Picture() : picture;
+    stretched_ = size;
+    marks_.clear();
+    allChanged_ = true;
+}
+
+void PersistentImage::Clear() {
+    marks_.clear();
+}
+
+void PersistentImage::Circle(float x, float y, std::uint32_t colour) {
+    Mark mark = pen_;
+    mark.circle = true;
+    mark.style = LineStyle::Solid;
+    mark.colour = colour;
+    mark.x1 = mark.x2 = RoundTo<std::int32_t>(x);
+    mark.y1 = mark.y2 = RoundTo<std::int32_t>(y);
+    marks_.push_back(mark);
+}
+
+void PersistentImage::Line(float x1, float y1, float x2, float y2, std::uint32_t colour) {
+    Mark mark = pen_;
+    mark.fill = 0;
+    mark.colour = colour;
+    mark.x1 = RoundTo<std::int32_t>(x1);
+    mark.y1 = RoundTo<std::int32_t>(y1);
+    mark.x2 = RoundTo<std::int32_t>(x2);
+    mark.y2 = RoundTo<std::int32_t>(y2);
+    marks_.push_back(mark);
+}
+
+void PersistentImage::AddChange(QRegion& region, const Mark& mark, const QRect& visible) {
+    const int reach = mark.circle ? MarkReach(mark.width) : mark.width / 2;
+    const auto add = [&](int x1, int y1, int x2, int y2) {
+        const QRect box(QPoint(std::min(x1, x2) - reach, std::min(y1, y2) - reach),
+                        QPoint(std::max(x1, x2) + reach, std::max(y1, y2) + reach));
+        const QRect seen = box & visible;
+        if (!seen.isEmpty()) {
+            region |= seen;
+        }
+    };
+    if (mark.circle) {
+        add(mark.x1, mark.y1, mark.x1, mark.y1);
+        return;
+    }
+    const LineSteps line(mark.x1, mark.y1, mark.x2, mark.y2);
+    const auto [first, last] = line.Inside(visible.adjusted(-reach, -reach, reach, reach));
+    for (std::int64_t i = first; i <= last; i += ChangePiece) {
+        const QPoint from = line.At(i);
+        const QPoint to = line.At(std::min(i + ChangePiece, last));
+        add(from.x(), from.y(), to.x(), to.y());
+    }
+}
+
+QRegion PersistentImage::TakeChanges(const QRect& visible) {
+    QRegion region;
+    if (allChanged_) {
+        region = visible;
+    }
+    // A pixel that lies in no mark that differs is painted by the same marks in the same order.
+    const std::size_t longer = std::max(marks_.size(), reported_.size());
+    for (std::size_t i = 0; i < longer && !allChanged_; ++i) {
+        const bool before = i < reported_.size();
+        const bool now = i < marks_.size();
+        if (before && now && reported_[i] == marks_[i]) {
+            continue;
+        }
+        if (before) {
+            AddChange(region, reported_[i], visible);
+        }
+        if (now) {
+            AddChange(region, marks_[i], visible);
+        }
+        if (region.rectCount() > MaximumRegionRects) {
+            region = visible;
+            break;
+        }
+    }
+    reported_ = marks_;
+    allChanged_ = false;
+    return region;
+}
+
+void PersistentImage::PaintBackground(std::uint32_t* target, qsizetype stride,
+                                      const QRect& exposed) const {
+    const QRect covered = HasBackground() ? exposed & QRect(QPoint(0, 0), stretched_) : QRect();
+    if (covered != exposed) {
+        for (int y = 0; y < exposed.height(); ++y) {
+            std::fill_n(target + y * stride, exposed.width(), PlainColour);
+        }
+    }
+    if (covered.isEmpty()) {
+        return;
+    }
+    std::vector<int> columns(static_cast<std::size_t>(covered.width()));
+    for (int i = 0; i < covered.width(); ++i) {
+        columns[static_cast<std::size_t>(i)] =
+            SourceIndex(covered.left() + i, background_.width(), stretched_.width());
+    }
+    const bool unscaled = background_.width() == stretched_.width();
+    std::uint32_t* row =
+        target + (covered.top() - exposed.top()) * stride + (covered.left() - exposed.left());
+    int drawnSource = -1;
+    for (int y = covered.top(); y <= covered.bottom(); ++y, row += stride) {
+        const int source = SourceIndex(y, background_.height(), stretched_.height());
+        if (source == drawnSource) {
+            std::memcpy(row, row - stride, columns.size() * sizeof(std::uint32_t));
+        } else {
+            StretchRow(row, background_.row(source), columns, unscaled);
+            drawnSource = source;
+        }
+    }
+}
+
+void PersistentImage::Paint(std::uint32_t* target, qsizetype stride, const QRect& exposed) const {
+    if (exposed.isEmpty()) {
+        return;
+    }
+    PaintBackground(target, stride, exposed);
+    const RasterTarget raster{target, stride, exposed};
+    for (const Mark& mark : marks_) {
+        if (mark.circle) {
+            PaintCircle(raster, QPoint(mark.x1, mark.y1), mark.width, mark.colour, mark.fill);
+        } else {
+            PaintLine(raster, LineSteps(mark.x1, mark.y1, mark.x2, mark.y2), mark.width,
+                      mark.style == LineStyle::Dotted, mark.colour);
+        }
+    }
+}
+
+} // namespace editor

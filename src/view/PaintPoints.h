@@ -1,0 +1,13 @@
+#pragma once
+
+#include "model/EditingMode.h"
+#include "model/mdlEdit.h"
+#include "platform/PersistentImage.h"
+
+namespace editor {
+
+/// Draws the entities of `mode` over the image's background, in table order, the selected one
+/// (`curpoint`, -1 or outside the table for none) last. Leaves the pen as its last step set it.
+void PaintEntities(PersistentImage& image, const LevelModel& model, EditingMode mode, int curpoint);
+
+} // namespace editor

@@ -1,0 +1,7 @@
+#include "view/ViewHost.h"
+
+namespace editor {
+
+ViewHost viewHost;
+
+} // namespace editor

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/MdiForm.h"
+#include "platform/PersistentImage.h"
+
+#include <cstdint>
+
+namespace editor {
+
+/// Mouse buttons as a bit mask.
+enum MouseButtons : int { NoButton = 0, LeftButton = 1, RightButton = 2, MiddleButton = 4 };
+
+/// The map view, caption "Entities": the level picture magnified by mdlEdit.Zoom with the entities
+/// of the current editing mode over it. It shows and reports; what an event does is decided by
+/// those who listen to its signals.
+class frmWaypoint : public MdiForm {
+    Q_OBJECT
+
+  public:
+    explicit frmWaypoint(QMdiArea& area);
+
+    /// The selection: an index into the table of the current editing mode, -1 for none.
+    std::int16_t curpoint = -1;
+    // Outer size minus client size in pixels, measured when the view is made.
+    std::int16_t addwidth = 0;
+    std::int16_t addheight = 0;
+
+    /// Clears the selection, shows the entity settings, and sizes and repaints the view.
+    void Init();
+
+    /// Repaints the entities of the current mode over the background.
+    void PaintPoints();
+
+    /// Draws a line over what PaintPoints() left, with the pen that it left, until the next
+    /// repaint. Positions are view pixels.
+    void DrawRubberBand(float x1, float y1, float x2, float y2);
+
+    /// The view's client area in pixels.
+    [[nodiscard]] QSize ClientSize() const { return widget()->size(); }
+
+    [[nodiscard]] PersistentImage& Image() { return image_; }
+
+    /// Has what changed in the image painted before the next event.
+    void UpdateChanges();
+
+  Q_SIGNALS:
+    // Positions are view pixels and may have fractions on scaled screens. A press or release
+    // names the one button that changed, a move all buttons that are held. A second press within
+    // the double-click time is a press like any other.
+    void MouseDown(int button, float x, float y);
+    void MouseMove(int buttons, float x, float y);
+    void MouseUp(int button, float x, float y);
+    /// `key` is a Qt::Key, `keypad` tells whether it lies on the numeric keypad.
+    void KeyDown(int key, bool keypad);
+
+  protected:
+    void Form_QueryUnload() override;
+
+  private:
+    class Canvas;
+
+    void Form_Load();
+
+    Canvas* canvas_;
+    PersistentImage image_;
+};
+
+} // namespace editor
