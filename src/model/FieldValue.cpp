@@ -1,6 +1,7 @@
 #include "model/FieldValue.h"
 
 #include <QByteArray>
+#include <QLocale>
 
 #include <charconv>
 #include <limits>
@@ -59,7 +60,7 @@ double DecimalNumber(QByteArrayView text) {
     const auto [end, error] = std::from_chars(text.begin(), text.end(), value);
     if (error == std::errc::result_out_of_range) {
         // Infinite when too large, 0 when too small.
-        value = QByteArray(text.begin(), end - text.begin()).toDouble();
+        value = QLocale::c().toDouble(QString::fromLatin1(text.first(end - text.begin())));
     }
     return negative ? -value : value;
 }

@@ -52,6 +52,7 @@ void ShowLevel() {
     SizeView(view);
     DrawLevelPicture(view);
     view.PaintPoints();
+    view.TakeKeyboard();
 }
 
 } // namespace

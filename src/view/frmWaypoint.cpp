@@ -7,6 +7,7 @@
 #include "view/ViewHost.h"
 
 #include <QKeyEvent>
+#include <QMdiArea>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -97,6 +98,13 @@ void frmWaypoint::Init() {
         DrawLevelPicture(*this);
     }
     PaintPoints();
+    TakeKeyboard();
+}
+
+// The window that was shown last has the keyboard; the first key would be typed into its text box.
+void frmWaypoint::TakeKeyboard() {
+    mdiArea()->setActiveSubWindow(this);
+    canvas_->setFocus();
 }
 
 void frmWaypoint::PaintPoints() {

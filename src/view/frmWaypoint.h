@@ -35,6 +35,9 @@ class frmWaypoint : public MdiForm {
     /// repaint. Positions are view pixels.
     void DrawRubberBand(float x1, float y1, float x2, float y2);
 
+    /// Makes the view the active window and gives it the keyboard.
+    void TakeKeyboard();
+
     /// The view's client area in pixels.
     [[nodiscard]] QSize ClientSize() const { return widget()->size(); }
 

@@ -1,0 +1,352 @@
+#include "model/LevelFiles.h"
+
+#include "model/FieldValue.h"
+#include "model/mdlEdit.h"
+#include "support/LevelFolder.h"
+#include "support/Models.h"
+
+#include <QFileInfo>
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace editor {
+namespace {
+
+using test::CrLf;
+using test::LevelFolder;
+
+const QString LevelCfg = QStringLiteral("level.cfg");
+const QString WaypointCfg = QStringLiteral("waypoint.cfg");
+
+class LevelFiles : public testing::Test {
+  protected:
+    LevelFiles() {
+        mdlEdit = LevelModel();
+        mdlEdit.LevelPath = folder.Path();
+    }
+    ~LevelFiles() override { mdlEdit = LevelModel(); }
+
+    /// The message of a Load, empty when it succeeded.
+    QString Load() {
+        return LoadLevel([this] { ++graphicsLoads; }).value_or(QString());
+    }
+
+    QString LoadTexts(const QByteArray& level, const QByteArray& waypoint = {}) {
+        folder.Write(LevelCfg, level);
+        folder.Write(WaypointCfg, waypoint);
+        return Load();
+    }
+
+    static QString Save() { return SaveLevel().value_or(QString()); }
+
+    LevelFolder folder;
+    int graphicsLoads = 0;
+};
+
+TEST_F(LevelFiles, TheSmallestFullLevelHasItsExactTextAndReadsBackEqual) {
+    mdlEdit.BackFile = QStringLiteral("back.png");
+    mdlEdit.LevelFile = QStringLiteral("level.png");
+    mdlEdit.MaterialFile = QStringLiteral("mat.png");
+    mdlEdit.NumStartPoints = 1;
+    mdlEdit.StartPoints[0] = {120, 340};
+    mdlEdit.NumItems = 1;
+    mdlEdit.Items[0] = {200, 310, Medikit, 1, {}, 600, 500, 50, 0};
+    mdlEdit.NumWayPoints = 2;
+    mdlEdit.WayPoints[0] = {100, 300, 0, {1}, {JumpRequired}, 0};
+    mdlEdit.WayPoints[1] = {160, 300, 0, {}, {}, -1};
+    const LevelModel saved = mdlEdit;
+
+    ASSERT_EQ(Save(), QString());
+    EXPECT_EQ(folder.Read(LevelCfg),
+              CrLf("[Map]\nBack=back.png\nLevel=level.png\nMaterial=mat.png\n\nNumItems=1\n\n\n"
+                   "NumStartPoints=1\nStartX0=120\nStartY0=340\n\n\n[Physics]\n\n[Item.0]\nType=0\n"
+                   "PosX=200\nPosY=310\nAmount=1\n\n"));
+    EXPECT_EQ(folder.Read(WaypointCfg), CrLf("[Map]\nNumWayPoints=2\n\n[Point.0]\nX=100\nY=300\n"
+                                             "Link0.Dest=1\nLink0.Flags=1\n\n[Point.1]\nX=160\n"
+                                             "Y=300\n\n"));
+    EXPECT_EQ(folder.Names(), QStringList({LevelCfg, WaypointCfg}));
+
+    mdlEdit.NumItems = mdlEdit.NumStartPoints = 0;
+    mdlEdit.NumWayPoints = 0;
+    mdlEdit.LevelFile.clear();
+    ASSERT_EQ(Load(), QString());
+    EXPECT_TRUE(test::SameLevel(mdlEdit, saved));
+    EXPECT_EQ(graphicsLoads, 1);
+}
+
+TEST_F(LevelFiles, EveryOptionalLineIsWrittenAsItsRuleSays) {
+    mdlEdit.ParallaxFile = QStringLiteral("gfx\\far.png");
+    mdlEdit.ParallaxScroll = true;
+    mdlEdit.JumperForce = -70000;
+    mdlEdit.KickerForce = 43000;
+    mdlEdit.NumItems = 2;
+    mdlEdit.Items[0] = {-1, 2, KickerPad, -1, QString::fromUtf8("Gr\xC3\xBC\xC3\x9F\xE2\x82\xAC"),
+                        1,  2, 3,         4};
+    mdlEdit.Items[1] = {0, 0, 77, 0, {}, 600, 500, 50, 0};
+    mdlEdit.NumWayPoints = 1;
+    mdlEdit.WayPoints[0] = {-5, 6, 3, {7, 8, 9, 10, 11}, {0, 1, 2, 3, 4}, 4};
+
+    ASSERT_EQ(Save(), QString());
+    EXPECT_EQ(folder.Read(LevelCfg),
+              CrLf("[Map]\nBack=\nLevel=\nMaterial=\nParallax=gfx\\far.png\n\nNumItems=2\n\n"
+                   "PScroll=1\n\nNumStartPoints=0\n\n[Physics]\nJumperForce=-70000\n"
+                   "KickerForce=43000\n\n[Item.0]\nType=4\nPosX=-1\nPosY=2\nName=Gr\xFC\xDF\x80\n"
+                   "Bounce=2\nDetectDist=4\nGravity=3\nRespawn=1\n\n[Item.1]\nType=77\nPosX=0\n"
+                   "PosY=0\nAmount=0\n\n"));
+    EXPECT_EQ(folder.Read(WaypointCfg),
+              CrLf("[Map]\nNumWayPoints=1\n\n[Point.0]\nX=-5\nY=6\nFlags=3\nLink0.Dest=7\n"
+                   "Link1.Dest=8\nLink1.Flags=1\nLink2.Dest=9\nLink2.Flags=2\nLink3.Dest=10\n"
+                   "Link3.Flags=3\nLink4.Dest=11\nLink4.Flags=4\n\n"));
+}
+
+TEST_F(LevelFiles, AnyLevelReadsBackEqualAndIsWrittenTheSameAgain) {
+    std::mt19937 random(20260101);
+    for (int round = 0; round < 60; ++round) {
+        SCOPED_TRACE(round);
+        LevelModel level = test::RandomLevel(random);
+        level.LevelPath = folder.Path();
+        mdlEdit = level;
+        QFile::remove(folder.Path(WaypointCfg));
+        ASSERT_EQ(Save(), QString());
+        const QByteArray levelCfg = folder.Read(LevelCfg);
+        const QByteArray waypointCfg = folder.Read(WaypointCfg);
+        ASSERT_EQ(Load(), QString());
+        ASSERT_TRUE(test::SameLevel(mdlEdit, level));
+        ASSERT_EQ(Save(), QString());
+        ASSERT_EQ(folder.Read(LevelCfg), levelCfg);
+        ASSERT_EQ(folder.Read(WaypointCfg), waypointCfg);
+    }
+}
+
+TEST_F(LevelFiles, AnEmptyFolderReadsAsAnEmptyLevelAndLeftoversStay) {
+    mdlEdit.LevelFile = QStringLiteral("old.png");
+    mdlEdit.ParallaxScroll = true;
+    mdlEdit.KickerForce = 5;
+    mdlEdit.NumItems = 3;
+    mdlEdit.NumWayPoints = 7;
+    mdlEdit.Items[2].Amount = 99;
+    mdlEdit.Zoom = 4;
+    ASSERT_EQ(Load(), QString());
+    EXPECT_TRUE(test::SameLevel(mdlEdit, LevelModel()));
+    EXPECT_EQ(mdlEdit.Items[2].Amount, 99);
+    EXPECT_EQ(mdlEdit.Zoom, 4);
+    EXPECT_EQ(graphicsLoads, 1);
+}
+
+TEST_F(LevelFiles, MissingKeysTakeTheirDefaults) {
+    ASSERT_EQ(LoadTexts("[Map]\nNumItems=2\nNumStartPoints=2\nStartX1=5\nPScroll=2\n"
+                        "[Item.0]\nType=3\n[Physics]\nJumperForce=-70000\nKickerForce=43000\n",
+                        "[Map]\nNumWayPoints=3\n[Point.0]\nLink0.Dest=4\nLink2.Dest=5\n"
+                        "[Point.1]\nLink0.Dest=1\nLink1.Dest=-2\nLink2.Dest=3\nLink3.Dest=4\n"
+                        "Link4.Dest=5\nLink4.Flags=2\nLink5.Dest=6\n"),
+              QString());
+    const ItemRec standard{10, 10, Domination, 1, {}, 600, 500, 50, 0};
+    EXPECT_EQ(mdlEdit.Items[0], standard);
+    EXPECT_EQ(mdlEdit.Items[1].Type, Medikit);
+    EXPECT_EQ(mdlEdit.Items[1].PosX, 10);
+    EXPECT_EQ(mdlEdit.StartPoints[0], StartPointRec());
+    EXPECT_EQ(mdlEdit.StartPoints[1], (StartPointRec{5, 0}));
+    EXPECT_FALSE(mdlEdit.ParallaxScroll);
+    EXPECT_EQ(mdlEdit.JumperForce, -70000);
+    EXPECT_EQ(mdlEdit.KickerForce, 43000);
+    EXPECT_EQ(mdlEdit.WayPoints[0].NumLinks, 0);
+    EXPECT_EQ(mdlEdit.WayPoints[1].NumLinks, 4);
+    EXPECT_EQ(mdlEdit.WayPoints[1].LinkDest, (std::array<std::int16_t, 5>{1, -2, 3, 4, 5}));
+    EXPECT_EQ(mdlEdit.WayPoints[1].LinkFlags[4], 2);
+    EXPECT_EQ(mdlEdit.WayPoints[2].NumLinks, -1);
+}
+
+// What the game's platform makes of lines that the editor itself never writes.
+TEST_F(LevelFiles, TheTextIsReadAsThePlatformReadsPrivateProfiles) {
+    const struct {
+        QByteArray text;
+        QString back;
+        int kicker;
+    } rows[] = {
+        {"[map]\nBACK=a\n[PHYSICS]\nkickerforce=1", QStringLiteral("a"), 1},
+        {" [ Map\t] junk = 1\n\t Back \t= a b \t\r\n[Physics]\nKickerForce = 2 ",
+         QStringLiteral("a b"), 2},
+        {"[Map]\rBack=\" a \"\r[Physics]\rKickerForce='3'", QStringLiteral(" a "), 3},
+        {"[Map]\nBack=\"a'\n[Physics]\nKickerForce=42A", QStringLiteral("\"a'"), 42},
+        {"[Map]\nBack=\"\n[Physics]\nKickerForce=+1", QStringLiteral("\""), 1},
+        {" ;[Map]\n[Map]\n;Back=x\nBack=a;b#c\n[Physics]\nKickerForce=A1", QStringLiteral("a;b#c"),
+         0},
+        {"Back=0\n[Map]\nno key\nBack=a\nBack=b\n[map]\nBack=c\n[Physics]\nKickerForce=",
+         QStringLiteral("a"), 0},
+        {"[Other]\n[Map]\n[Map]\nBack=lost\n[Physics]\nKickerForce=-0007", QString(), -7},
+        {"\xEF\xBB\xBF[Map]\nBack=a=b\n[Physics]\nKickerForce=- 5", QStringLiteral("a=b"), 0},
+        {QByteArray("[Map]\nBack=a\0b\n[Physics]\nKickerForce=9", 41), QStringLiteral("a"), 9},
+        {"[Map]\nBack=" + QByteArray(250, 'n') + "\n[Physics", QString(199, u'n'), 0},
+        {"[Map]\nBack=\x81\x8D\x8F\x90\x9D\x80",
+         QStringLiteral("\u0081\u008d\u008f\u0090\u009d\u20ac"), 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text.toStdString());
+        ASSERT_EQ(LoadTexts(row.text), QString());
+        EXPECT_EQ(mdlEdit.BackFile, row.back);
+        EXPECT_EQ(mdlEdit.KickerForce, row.kicker);
+    }
+}
+
+TEST_F(LevelFiles, WhatTheModelCannotHoldIsRefusedAndNothingChanges) {
+    mdlEdit.NumItems = 1;
+    mdlEdit.Items[0].Name = QStringLiteral("kept");
+    mdlEdit.BackFile = QStringLiteral("kept.png");
+    const LevelModel before = mdlEdit;
+    const struct {
+        QByteArray level;
+        QByteArray waypoint;
+        QString told;
+    } rows[] = {
+        {"[Map]\nNumItems=52", "",
+         QStringLiteral("level.cfg, section [Map], NumItems=52: a level has at most 51 items.")},
+        {"[Map]\nNumStartPoints=52", "", QStringLiteral("at most 51 start points")},
+        {"[Map]\nNumItems=40000", "", QStringLiteral("between -32768 and 32767")},
+        {"[Map]\nBack=new\nPScroll=65537", "", QStringLiteral("PScroll=65537")},
+        {"[Map]\nNumItems=1\n[Item.0]\nBounce=-32769", "",
+         QStringLiteral("[Item.0], Bounce=-32769")},
+        {"[Physics]\nJumperForce=2147483648", "",
+         QStringLiteral("between -2147483648 and 2147483647")},
+        {"[Map]\nNumItems=" + QByteArray(300, '9'), "", QStringLiteral("999\u2026: the number")},
+        {"", "[Map]\nNumWayPoints=202",
+         QStringLiteral("waypoint.cfg, section [Map], NumWayPoints=202")},
+        {"[Map]\nBack=new", "[Map]\nNumWayPoints=201\n[Point.200]\nLink4.Dest=1\nX=99999",
+         QStringLiteral("[Point.200], X=99999")},
+    };
+    for (const auto& row : rows) {
+        const QString message = LoadTexts(row.level, row.waypoint);
+        EXPECT_TRUE(message.contains(row.told)) << message.toStdString();
+        EXPECT_TRUE(test::SameLevel(mdlEdit, before)) << message.toStdString();
+    }
+    EXPECT_EQ(graphicsLoads, 0);
+}
+
+TEST_F(LevelFiles, AFileThatCannotBeReadIsRefused) {
+    QDir(folder.Path()).mkdir(LevelCfg);
+    EXPECT_TRUE(Load().contains(QStringLiteral("level.cfg cannot be read: it is not a file")));
+    QDir(folder.Path()).rmdir(LevelCfg);
+    folder.Write(LevelCfg, QByteArray(9 * 1024 * 1024, 'x'));
+    EXPECT_TRUE(Load().contains(QStringLiteral("larger than 8 MiB")));
+    QFile::remove(folder.Path(LevelCfg));
+    QFile::link(QStringLiteral("nowhere"), folder.Path(WaypointCfg));
+    EXPECT_TRUE(Load().contains(QStringLiteral("leads nowhere")));
+    EXPECT_EQ(graphicsLoads, 0);
+}
+
+TEST_F(LevelFiles, NegativeCountsAreKeptAndCountAsNothing) {
+    ASSERT_EQ(LoadTexts("[Map]\nNumItems=-2\nNumStartPoints=-3\n", "[Map]\nNumWayPoints=-70000\n"),
+              QString());
+    EXPECT_EQ(mdlEdit.ItemCount() + mdlEdit.StartPointCount() + mdlEdit.WayPointCount(), 0);
+    ASSERT_EQ(Save(), QString());
+    EXPECT_TRUE(folder.Read(LevelCfg).contains("NumItems=-2\r\n"));
+    EXPECT_TRUE(folder.Read(LevelCfg).contains("NumStartPoints=-3\r\n"));
+    EXPECT_EQ(folder.Read(WaypointCfg), "[Map]\r\nNumWayPoints=-70000\r\n\r\n");
+}
+
+TEST_F(LevelFiles, FilesAreFoundWhateverTheirLetterCaseAndAnOldWaypointFileStays) {
+    folder.Write(QStringLiteral("LEVEL.Cfg"), "[Map]\nBack=a");
+    folder.Write(QStringLiteral("WayPoint.CFG"), "[Map]\nNumWayPoints=0");
+    ASSERT_EQ(Load(), QString());
+    EXPECT_EQ(mdlEdit.BackFile, QStringLiteral("a"));
+    ASSERT_EQ(Save(), QString());
+    EXPECT_TRUE(folder.Read(QStringLiteral("LEVEL.Cfg")).startsWith("[Map]\r\nBack=a\r\n"));
+    EXPECT_EQ(folder.Read(QStringLiteral("WayPoint.CFG")), "[Map]\nNumWayPoints=0");
+    EXPECT_EQ(folder.Names().size(), 2);
+}
+
+TEST_F(LevelFiles, LinksAndPermissionsOutliveASave) {
+    folder.Write(QStringLiteral("real/target.cfg"), "[Map]\nBack=a");
+    const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+    QFile::setPermissions(folder.Path(QStringLiteral("real/target.cfg")), permissions);
+    QFile::link(QStringLiteral("real/target.cfg"), folder.Path(LevelCfg));
+    ASSERT_EQ(Load(), QString());
+    ASSERT_EQ(Save(), QString());
+    EXPECT_TRUE(QFileInfo(folder.Path(LevelCfg)).isSymLink());
+    EXPECT_TRUE(folder.Read(QStringLiteral("real/target.cfg")).startsWith("[Map]\r\nBack=a\r\n"));
+    EXPECT_EQ(QFile::permissions(folder.Path(LevelCfg)) & ~(QFile::ReadUser | QFile::WriteUser),
+              permissions);
+}
+
+TEST_F(LevelFiles, ASaveThatCannotBeDoneSaysWhyAndTouchesNothing) {
+    mdlEdit.NumItems = 4;
+    mdlEdit.NumWayPoints = 1;
+    const QByteArray old = "[Map]\n";
+    folder.Write(LevelCfg, old);
+    const auto refused = [&](const QString& told) {
+        const QString message = Save();
+        EXPECT_TRUE(message.contains(told)) << message.toStdString();
+        EXPECT_EQ(folder.Read(LevelCfg), old);
+        EXPECT_FALSE(QFileInfo::exists(folder.Path(WaypointCfg)));
+    };
+    mdlEdit.Items[3].Name = QStringLiteral("a\u2192b");
+    refused(QStringLiteral("Name of item 3 cannot be written: the character \"\u2192\" (U+2192)"));
+    mdlEdit.Items[3].Name = QStringLiteral("a\nb");
+    refused(QStringLiteral("line break"));
+    mdlEdit.Items[3].Name.clear();
+    mdlEdit.MaterialFile = QStringLiteral("\U0001F600");
+    refused(QStringLiteral("name of the material graphics cannot be written: the character "
+                           "\"\U0001F600\" (U+1F600)"));
+    mdlEdit.MaterialFile.clear();
+    mdlEdit.LevelPath.clear();
+    refused(QStringLiteral("no level folder has been chosen"));
+    mdlEdit.LevelPath = folder.Path(QStringLiteral("gone"));
+    refused(folder.Path(QStringLiteral("gone/level.cfg")));
+
+    mdlEdit.LevelPath = folder.Path();
+    QDir(folder.Path()).mkdir(WaypointCfg);
+    const QString message = Save();
+    EXPECT_TRUE(message.contains(QStringLiteral("waypoint.cfg could not be saved: it is not a "
+                                                "file. level.cfg was saved.")))
+        << message.toStdString();
+    EXPECT_NE(folder.Read(LevelCfg), old);
+    EXPECT_EQ(folder.Names().size(), 2);
+}
+
+TEST(FieldValue, IsTheNumberThatATextBeginsWith) {
+    const struct {
+        const char* text;
+        double value;
+    } rows[] = {
+        {"", 0},
+        {"abc", 0},
+        {"12abc", 12},
+        {"2.5", 2.5},
+        {"-5", -5},
+        {"+7", 7},
+        {"  4\t2\n1 ", 421},
+        {"1 000", 1000},
+        {"1500 N", 1500},
+        {"0x10", 0},
+        {"1e3", 1000},
+        {"1E+2x", 100},
+        {"1e", 1},
+        {".5", 0.5},
+        {"5.", 5},
+        {".", 0},
+        {"-", 0},
+        {"+-5", 0},
+        {"1,5", 1},
+        {"inf", 0},
+        {"nan", 0},
+        {"&HFFFF", 65535},
+        {"&h1g", 1},
+        {"& o 17", 15},
+        {"&O8", 0},
+        {"-&H10", 0},
+        {"&", 0},
+        {"&X1", 0},
+        {"1e400", HUGE_VAL},
+        {"-1e400", -HUGE_VAL},
+        {"1e-400", 0},
+        {"1d5", 1},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(FieldValue(QString::fromLatin1(row.text)), row.value) << row.text;
+    }
+    EXPECT_EQ(FieldValue(QStringLiteral("\u0661\u0662")), 0); // digits of another script
+    EXPECT_EQ(FieldValue(QString(400, u'9')), HUGE_VAL);
+}
+
+} // namespace
+} // namespace editor

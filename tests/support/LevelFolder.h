@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <stdexcept>
+
+namespace editor::test {
+
+/// A folder of its own for one test, gone at its end.
+class LevelFolder {
+  public:
+    [[nodiscard]] QString Path() const { return folder_.path(); }
+    [[nodiscard]] QString Path(const QString& name) const { return folder_.filePath(name); }
+
+    void Write(const QString& name, const QByteArray& bytes) const {
+        QDir().mkpath(QFileInfo(Path(name)).path());
+        QFile file(Path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+            throw std::runtime_error("the test's file cannot be written");
+        }
+    }
+
+    /// The whole file; a text that no file of these tests holds when there is none.
+    [[nodiscard]] QByteArray Read(const QString& name) const {
+        QFile file(Path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
+    }
+
+    [[nodiscard]] QStringList Names() const {
+        return QDir(Path()).entryList(
+            QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+    }
+
+  private:
+    QTemporaryDir folder_;
+};
+
+/// The text with every line ended as the game's files end them.
+inline QByteArray CrLf(QByteArray text) {
+    return text.replace("\n", "\r\n");
+}
+
+} // namespace editor::test
