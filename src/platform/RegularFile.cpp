@@ -13,6 +13,11 @@
 namespace editor {
 namespace {
 
+// The permission bits of the file itself; the others say what the current user may do with it.
+constexpr QFileDevice::Permissions EveryonesPermissions =
+    QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::WriteGroup |
+    QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+
 #ifdef Q_OS_UNIX
 
 // True when the file's bytes are on the disk and not only in the system's memory; also on a file
@@ -79,9 +84,15 @@ QString ReplaceFile(const QString& path, const QByteArray& bytes) {
     if (QFileInfo::exists(path) && !IsRegularFile(path)) {
         return QStringLiteral("it is not a file");
     }
+    const bool existed = QFileInfo::exists(path);
+    const QFileDevice::Permissions permissions = QFile::permissions(path) & EveryonesPermissions;
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         return file.errorString();
+    }
+    if (existed && (file.permissions() & EveryonesPermissions) != permissions) {
+        file.cancelWriting();
+        return QStringLiteral("its permissions cannot be kept");
     }
     // QSaveFile::commit() does not check the last buffer that it writes: on a full disk it would
     // put an empty file in place and report success. Flushed and synced before, nothing is left
