@@ -1,31 +1,136 @@
 #include "platform/DrawingSurface.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
+#include <limits>
+#include <stdexcept>
 
 namespace editor {
+namespace {
+
+constexpr std::uint32_t Opaque = 0xff000000;
+constexpr std::uint32_t Black = Opaque;
+
+// A table that any byte may index.
+using ColourTable = std::array<std::uint32_t, 256>;
+
+ColourTable ColoursOf(std::span<const std::uint8_t> palette) {
+    ColourTable colours;
+    colours.fill(Black);
+    const std::size_t entries = std::min(palette.size() / 4, colours.size());
+    for (std::size_t i = 0; i < entries; ++i) {
+        const std::uint8_t* quad = &palette[4 * i];
+        colours[i] = Opaque | static_cast<std::uint32_t>(quad[2] << 16 | quad[1] << 8 | quad[0]);
+    }
+    return colours;
+}
+
+// Pixels `part` of a bitmap row with `Bits` bits a pixel, the first one in a byte's highest bits.
+template <int Bits>
+void DrawIndices(std::uint32_t* out, const std::uint8_t* row, VisiblePart part,
+                 const ColourTable& colours) {
+    constexpr int PerByte = 8 / Bits;
+    constexpr int Mask = (1 << Bits) - 1;
+    for (std::int32_t i = 0; i < part.count; ++i) {
+        const std::int32_t x = part.first + i;
+        const int shift = Bits * (PerByte - 1 - x % PerByte);
+        out[i] = colours[static_cast<std::size_t>(row[x / PerByte] >> shift & Mask)];
+    }
+}
+
+void DrawTriples(std::uint32_t* out, const std::uint8_t* row, VisiblePart part) {
+    const std::uint8_t* in = row + std::ptrdiff_t{3} * part.first;
+    for (std::int32_t i = 0; i < part.count; ++i, in += 3) {
+        out[i] = Opaque | static_cast<std::uint32_t>(in[2] << 16 | in[1] << 8 | in[0]);
+    }
+}
+
+} // namespace
 
 DrawingSurface::DrawingSurface(std::int32_t width, std::int32_t height)
     : width_(width), height_(height),
       pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
-              sizeof(std::uint32_t)) {
-    auto* first = reinterpret_cast<std::uint32_t*>(pixels_.data());
-    std::fill_n(first, pixels_.size() / sizeof(std::uint32_t), InitialColour);
-}
+              sizeof(std::uint32_t)) {}
 
-std::uint32_t* DrawingSurface::row(std::int32_t y) {
+std::uint32_t* DrawingSurface::RowAt(std::int32_t y) {
     return reinterpret_cast<std::uint32_t*>(pixels_.data()) +
            static_cast<std::ptrdiff_t>(y) * width_;
 }
 
-const std::uint32_t* DrawingSurface::row(std::int32_t y) const {
-    return reinterpret_cast<const std::uint32_t*>(pixels_.data()) +
-           static_cast<std::ptrdiff_t>(y) * width_;
+void DrawingSurface::FillRowsBelow(std::int32_t end) {
+    if (filledRows_ < end) {
+        std::fill(RowAt(filledRows_), RowAt(end), InitialColour);
+        filledRows_ = end;
+    }
+}
+
+std::uint32_t* DrawingSurface::row(std::int32_t y) {
+    FillRowsBelow(y + 1);
+    return RowAt(y);
+}
+
+std::uint32_t* DrawingSurface::RowToCover(std::int32_t y) {
+    FillRowsBelow(y);
+    filledRows_ = std::max(filledRows_, y + 1);
+    return RowAt(y);
 }
 
 LargeBuffer DrawingSurface::TakePixels() {
+    FillRowsBelow(height_);
     width_ = 0;
     height_ = 0;
+    filledRows_ = 0;
     return std::move(pixels_);
+}
+
+std::int32_t DibStride(std::int32_t width, std::int16_t bitsPerPixel) {
+    const std::int64_t bits = std::int64_t{bitsPerPixel} * width + 31;
+    if (bits > std::numeric_limits<std::int32_t>::max()) {
+        throw std::overflow_error("a bitmap row leaves the 32-bit range");
+    }
+    return static_cast<std::int32_t>(bits / 32 * 4);
+}
+
+VisiblePart Clip(std::int32_t position, std::int32_t length, std::int32_t limit) {
+    const std::int64_t first = std::max<std::int64_t>(0, -std::int64_t{position});
+    const std::int64_t end = std::min<std::int64_t>(length, std::int64_t{limit} - position);
+    if (end <= first) {
+        return {};
+    }
+    return {static_cast<std::int32_t>(first), static_cast<std::int32_t>(end - first)};
+}
+
+void SetDIBitsToDevice(DrawingSurface& hDC, std::int32_t x, std::int32_t y,
+                       const BITMAPINFOHEADER& header, std::span<const std::uint8_t> palette,
+                       std::span<const std::uint8_t> pixels) {
+    const ColourTable colours = ColoursOf(palette);
+    const VisiblePart columns = Clip(x, header.biWidth, hDC.width());
+    const VisiblePart rows = Clip(y, header.biHeight, hDC.height());
+    if (columns.count == 0) {
+        return;
+    }
+    const std::ptrdiff_t stride =
+        DibStride(header.biWidth, static_cast<std::int16_t>(header.biBitCount));
+    for (std::int32_t r = rows.first; r < rows.first + rows.count; ++r) {
+        const std::uint8_t* row = pixels.data() + (header.biHeight - 1 - r) * stride;
+        std::uint32_t* out = columns.count == hDC.width() ? hDC.RowToCover(y + r)
+                                                          : hDC.row(y + r) + x + columns.first;
+        switch (header.biBitCount) {
+        case 1:
+            DrawIndices<1>(out, row, columns, colours);
+            break;
+        case 4:
+            DrawIndices<4>(out, row, columns, colours);
+            break;
+        case 8:
+            DrawIndices<8>(out, row, columns, colours);
+            break;
+        default:
+            DrawTriples(out, row, columns);
+            break;
+        }
+    }
 }
 
 } // namespace editor

@@ -1,29 +1,34 @@
 #include "platform/LargeBuffer.h"
 
-#include <cstring>
+#include <cstdlib>
 #include <new>
 #include <utility>
 
 namespace editor {
-namespace {
-constexpr std::align_val_t Alignment{64};
-} // namespace
 
-LargeBuffer::LargeBuffer(std::size_t size)
-    : data_(static_cast<std::uint8_t*>(::operator new(size, Alignment))), size_(size) {
-    std::memset(data_, 0, size_);
+LargeBuffer::LargeBuffer(std::size_t size) {
+    if (size == 0) {
+        return;
+    }
+    data_ = static_cast<std::uint8_t*>(std::malloc(size));
+    if (data_ == nullptr) {
+        throw std::bad_alloc();
+    }
+    size_ = size;
 }
 
 LargeBuffer::~LargeBuffer() {
-    ::operator delete(data_, Alignment);
+    std::free(data_);
 }
 
 LargeBuffer::LargeBuffer(LargeBuffer&& other) noexcept
     : data_(std::exchange(other.data_, nullptr)), size_(std::exchange(other.size_, 0)) {}
 
 LargeBuffer& LargeBuffer::operator=(LargeBuffer&& other) noexcept {
-    std::swap(data_, other.data_);
-    std::swap(size_, other.size_);
+    // What was held goes at once, not with `other`, which may live on.
+    LargeBuffer taken(std::move(other));
+    std::swap(data_, taken.data_);
+    std::swap(size_, taken.size_);
     return *this;
 }
 

@@ -6,12 +6,13 @@
 
 namespace editor {
 
-/// A block of bytes for pictures: aligned for any vector instruction, never copied by accident.
+/// A block of bytes for files and pictures: moved, never copied by accident. Its bytes are
+/// unspecified until they are written; memory that is never touched costs nothing.
 class LargeBuffer {
   public:
     LargeBuffer() = default;
 
-    /// `size` bytes, all 0. Throws std::bad_alloc when they cannot be had.
+    /// `size` unspecified bytes. Throws std::bad_alloc when they cannot be had.
     explicit LargeBuffer(std::size_t size);
     ~LargeBuffer();
 
@@ -24,6 +25,11 @@ class LargeBuffer {
     [[nodiscard]] const std::uint8_t* data() const { return data_; }
     [[nodiscard]] std::size_t size() const { return size_; }
     [[nodiscard]] bool empty() const { return size_ == 0; }
+    [[nodiscard]] std::span<std::uint8_t> bytes() { return {data_, size_}; }
+    [[nodiscard]] std::span<const std::uint8_t> bytes() const { return {data_, size_}; }
+
+    /// Drops the bytes from `size` on, of which there must be as many at least.
+    void Truncate(std::size_t size) { size_ = size; }
 
   private:
     std::uint8_t* data_ = nullptr;

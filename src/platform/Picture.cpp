@@ -12,13 +12,12 @@ Picture::Picture(DrawingSurface&& surface) {
     const int width = surface.width();
     const int height = surface.height();
     auto pixels = std::make_unique<LargeBuffer>(surface.TakePixels());
-    if (pixels->empty()) {
-        return;
-    }
-    LargeBuffer* owned = pixels.release();
     image_ = QImage(
-        owned->data(), width, height, qsizetype{width} * 4, QImage::Format_RGB32,
-        [](void* buffer) { delete static_cast<LargeBuffer*>(buffer); }, owned);
+        pixels->data(), width, height, qsizetype{width} * 4, QImage::Format_RGB32,
+        [](void* buffer) { delete static_cast<LargeBuffer*>(buffer); }, pixels.get());
+    if (!image_.isNull()) {
+        static_cast<void>(pixels.release()); // the image frees it with its last copy
+    }
 }
 
 const std::uint32_t* Picture::row(int y) const {

@@ -3,16 +3,44 @@
 #include "platform/DrawingSurface.h"
 
 #include <cstdint>
-#include <string>
+#include <filesystem>
 
 namespace editor {
 
+/// The PNG decoder: reads a file of the W3C PNG text (second edition) and draws its image. Chunk
+/// CRCs are not checked, interlaced images are accepted without being decoded, and of the ancillary
+/// chunks only tRNS is used, for palette images.
+///
+/// Objects hold nothing of their own: all of them report and draw what mdlPNG holds, the last file
+/// that any of them accepted. For the user-interface thread alone.
 class cPNG {
   public:
-    [[nodiscard]] std::int32_t Width() const { return 0; }
-    [[nodiscard]] std::int32_t Height() const { return 0; }
-    void DrawToDC(DrawingSurface&, std::int32_t, std::int32_t) {}
-    [[nodiscard]] std::int32_t LoadPNGFile(const std::string&) { return 3; }
+    // Of the last accepted file; 0 and false before the first one.
+    [[nodiscard]] std::int32_t BitDepth() const;
+    [[nodiscard]] bool Interlaced() const;
+    [[nodiscard]] std::int32_t ColorType() const;
+    [[nodiscard]] std::int32_t Height() const;
+
+    /// Draws the image with its top-left pixel at (x, y) of `hDC`, blended with what is there if it
+    /// carries alpha; what lies outside the surface is dropped. Throws std::runtime_error, with
+    /// nothing drawn, when no image is held.
+    void DrawToDC(DrawingSurface& hDC, std::int32_t x, std::int32_t y) const;
+
+    /// Reads and decodes a file: 0 accepted, 1 no such file, 3 not a PNG file that this decoder
+    /// accepts, or one that is no ordinary file or ends too early. `FileName` has the bytes of a
+    /// name as the system gives it, so that names in no valid encoding can be loaded too.
+    ///
+    /// Throws std::runtime_error when the image data are missing, corrupt or more than the header
+    /// says, when an index lies beyond the palette of an image with transparency, or (as
+    /// std::overflow_error) when a size does not fit in signed 32 bits; std::bad_alloc when memory
+    /// is exhausted.
+    ///
+    /// On 1, 3 and an error while the chunks are read, header and image stay those of the last
+    /// accepted file; on an error while the image is decoded the header is the new one already,
+    /// and nothing should be drawn before another file was accepted.
+    [[nodiscard]] std::int32_t LoadPNGFile(const std::filesystem::path& FileName);
+
+    [[nodiscard]] std::int32_t Width() const;
 };
 
 } // namespace editor

@@ -9,6 +9,8 @@
 #include "view/ViewHost.h"
 #include "view/frmWaypoint.h"
 
+#include <QFile>
+
 #include <exception>
 #include <stdexcept>
 #include <utility>
@@ -77,7 +79,7 @@ void LoadGraphics() {
 
 void LoadPNGPicture(const QString& path, Picture& target) {
     cPNG png;
-    if (png.LoadPNGFile(path.toStdString()) != 0) {
+    if (png.LoadPNGFile(QFile::encodeName(path).toStdString()) != 0) {
         throw std::runtime_error("not an acceptable PNG file");
     }
     if (png.Width() > MaximumPictureSide || png.Height() > MaximumPictureSide) {

@@ -1,0 +1,132 @@
+#include "support/PngBuilder.h"
+
+#include "png/Sizes.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <zlib.h>
+
+namespace editor {
+namespace {
+
+Bytes BigEndian(std::uint32_t value) {
+    Bytes bytes;
+    for (const int shift : {24, 16, 8, 0}) {
+        bytes.push_back(static_cast<std::uint8_t>(value >> shift));
+    }
+    return bytes;
+}
+
+// What filter type `filter` predicts from the bytes a (left), b (above) and c (above left),
+// written as in the W3C PNG text.
+int Predicted(std::uint8_t filter, int a, int b, int c) {
+    const int p = a + b - c;
+    const int pa = std::abs(p - a);
+    const int pb = std::abs(p - b);
+    const int pc = std::abs(p - c);
+    switch (filter) {
+    case 1:
+        return a;
+    case 2:
+        return b;
+    case 3:
+        return (a + b) / 2;
+    case 4:
+        return pa <= pb && pa <= pc ? a : pb <= pc ? b : c;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+Bytes Join(std::initializer_list<Bytes> parts) {
+    Bytes joined;
+    for (const Bytes& part : parts) {
+        joined.insert(joined.end(), part.begin(), part.end());
+    }
+    return joined;
+}
+
+Bytes Chunk(std::string_view type, const Bytes& data) {
+    const Bytes body = Join({Bytes(type.begin(), type.end()), data});
+    const auto crc =
+        static_cast<std::uint32_t>(crc32(0, body.data(), static_cast<uInt>(body.size())));
+    return Join({BigEndian(static_cast<std::uint32_t>(data.size())), body, BigEndian(crc)});
+}
+
+Bytes Signature() {
+    return {137, 'P', 'N', 'G', '\r', '\n', 26, '\n'};
+}
+
+Bytes IHDR(const HeaderRec& header) {
+    return Chunk("IHDR", Join({BigEndian(static_cast<std::uint32_t>(header.Width)),
+                               BigEndian(static_cast<std::uint32_t>(header.Height)),
+                               {header.BitDepth, header.ColorType, header.Compression,
+                                header.Filter, header.Interlace}}));
+}
+
+Bytes Deflated(const Bytes& data, int level) {
+    uLongf size = compressBound(static_cast<uLong>(data.size()));
+    Bytes deflated(size);
+    compress2(deflated.data(), &size, data.data(), static_cast<uLong>(data.size()), level);
+    deflated.resize(size);
+    return deflated;
+}
+
+Bytes IDAT(const Bytes& filtered) {
+    return Chunk("IDAT", Deflated(filtered));
+}
+
+Bytes IEND() {
+    return Chunk("IEND");
+}
+
+Bytes NoiseRows(const HeaderRec& header, std::uint32_t seed) {
+    const std::size_t size =
+        static_cast<std::size_t>(RowBytes(header) - 1) * static_cast<std::size_t>(header.Height);
+    Bytes rows(size);
+    std::uint32_t state = seed * 2654435761U + 1;
+    for (std::size_t i = 0; i < size; ++i) {
+        state = state * 1664525U + 1013904223U;
+        const bool slope = i >= 4 && (state >> 30 & 1U) != 0;
+        rows[i] = static_cast<std::uint8_t>(slope ? rows[i - 4] + (state >> 24 & 3U) : state >> 24);
+    }
+    return rows;
+}
+
+Bytes Filtered(const HeaderRec& header, const Bytes& rows, const Bytes& filters) {
+    const auto length = static_cast<std::size_t>(RowBytes(header) - 1);
+    const auto back = static_cast<std::size_t>(BytesPerPixel(header));
+    Bytes filtered;
+    filtered.reserve(rows.size() + rows.size() / length);
+    for (std::size_t start = 0; start < rows.size(); start += length) {
+        const std::uint8_t filter = filters[start / length % filters.size()];
+        filtered.push_back(filter);
+        for (std::size_t i = 0; i < length; ++i) {
+            const std::uint8_t* byte = &rows[start + i];
+            const int a = i < back ? 0 : *(byte - back);
+            const int b = start == 0 ? 0 : *(byte - length);
+            const int c = start == 0 || i < back ? 0 : *(byte - length - back);
+            filtered.push_back(static_cast<std::uint8_t>(*byte - Predicted(filter, a, b, c)));
+        }
+    }
+    return filtered;
+}
+
+Bytes PngOf(const HeaderRec& header, const Bytes& filtered, const Bytes& before) {
+    return Join({Signature(), IHDR(header), before, IDAT(filtered), IEND()});
+}
+
+Bytes OnePixelPng() {
+    return PngOf({.Width = 1, .Height = 1, .BitDepth = 8, .ColorType = Truecolour},
+                 {0, 10, 20, 30});
+}
+
+void WriteFile(const std::filesystem::path& path, const Bytes& bytes) {
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
+}
+
+} // namespace editor
