@@ -1,0 +1,1 @@
+"""The drawing kit and the three example levels drawn with it."""
