@@ -8,8 +8,15 @@
 
 namespace editor {
 
-/// Loads a BMP file, told by its content and not by its name. Nothing when the file is missing, is
-/// no ordinary file, is no bitmap, is truncated, or is wider or higher than `maximumSide` pixels.
+/// Loads a BMP file, told by its content and not by its name: 1, 4, 8, 16, 24 and 32 bits a pixel,
+/// bit fields, both run-length codings, either order of rows, the headers of Windows and of OS/2.
+/// A channel of fewer than 8 bits is stretched to 0..255, of a wider one the upper 8 bits count;
+/// alpha is ignored. Pixels that a run-length coding leaves out have the first colour.
+///
+/// Nothing when the file is missing, is no ordinary file, is no bitmap, is truncated, or is wider
+/// or higher than `maximumSide` pixels, or when the memory cannot be had. Pixels that are not
+/// compressed need memory in proportion to the file; a run-length encoded file that claims more
+/// pixels than its bytes can cover is loaded up to 4096 x 4096 pixels and refused above.
 [[nodiscard]] std::optional<Picture> LoadBitmapFile(const QString& path, int maximumSide);
 
 } // namespace editor
