@@ -26,7 +26,7 @@ class Channel {
             return; // the colour is absent: 0
         }
         constexpr int MostBits = 8;
-        const int width = std::bit_width(mask >> std::countr_zero(mask));
+        const auto width = static_cast<int>(std::bit_width(mask >> std::countr_zero(mask)));
         shift_ = std::countr_zero(mask) + std::max(0, width - MostBits);
         mask_ = mask >> shift_;
         for (std::uint32_t value = 0; value <= mask_; ++value) {

@@ -31,7 +31,7 @@ constexpr std::uint32_t Opaque = 0xff000000;
 // leaves out parts of the picture, which a small picture may do; a large one, for which a few bytes
 // would claim gigabytes, may not.
 constexpr std::int64_t MostPixelsPerByte = 128;
-constexpr std::int64_t PixelsForAnyFile = 4096 * 4096;
+constexpr std::int64_t PixelsForAnyFile = std::int64_t{4096} * 4096;
 
 /// The fields as the file has them.
 struct Fields {

@@ -24,7 +24,8 @@ struct Dialogs {
     /// Lets the user choose a file or type the name of one that need not exist. `filter` is a list
     /// of label and pattern pairs, every label and pattern followed by "|"; the first pair is
     /// preselected and patterns match any letter case. The result is the absolute, clean path, or
-    /// empty when the user cancels.
+    /// empty when the user cancels. The folder of a chosen file becomes the process's current
+    /// directory.
     std::function<QString(QWidget* owner, const QString& title, const QString& initialFolder,
                           const QString& filter)>
         openFileName;
@@ -35,5 +36,9 @@ struct Dialogs {
 
 /// Shows a message box with an OK button and returns when it was closed.
 void MsgBox(QWidget* owner, const QString& text, const QString& title = ApplicationTitle());
+
+/// Keeps the file dialogs from writing a configuration file of their own into the user's home. To
+/// be called before the application object is made.
+void LeaveNoConfiguration();
 
 } // namespace editor

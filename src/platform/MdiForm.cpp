@@ -20,14 +20,14 @@ MdiForm::MdiForm(QMdiArea& area, const QString& caption, QWidget* client) {
 
 QSize MdiForm::FrameSize() {
     // Before it was shown, the frame is known only once the style was applied and the layout that
-    // keeps the client inside the frame was worked out.
+    // keeps the client inside the frame was worked out for the size that the form has now.
     ensurePolished();
+    layout()->invalidate();
     layout()->activate();
     return size() - widget()->size();
 }
 
 void MdiForm::FixClientSize(const QSize& size) {
-    resize(size + FrameSize());
     setFixedSize(size + FrameSize());
 }
 

@@ -17,15 +17,15 @@ constexpr int TotalHeader = 14 + 40;
 
 QByteArray LittleEndian(qint64 value, int size = 4) {
     QByteArray bytes;
-    for (int i = 0; i < size; ++i) {
-        bytes.append(static_cast<char>(value >> (8 * i)));
+    for (; size > 0; --size, value >>= 8) {
+        bytes.append(static_cast<char>(value));
     }
     return bytes;
 }
 
-QByteArray Noise(int size) {
+QByteArray Noise(unsigned size) {
     QByteArray bytes;
-    for (int i = 0; i < size; ++i) {
+    for (unsigned i = 0; i < size; ++i) {
         bytes.append(static_cast<char>(i * i * 37 + i * 11 + 5));
     }
     return bytes;
@@ -97,18 +97,15 @@ std::optional<Picture> Load(const QByteArray& bytes, qint64 size = 0) {
 
 TEST(BitmapFile, EveryKindOfBitmapHasThePixelsThatAnIndependentReaderGives) {
     for (const Bmp& bmp : Readable) {
-        SCOPED_TRACE(bmp.name);
-        const QImage expected = QImage::fromData(bmp.Bytes(), "BMP");
+        const QImage expected =
+            QImage::fromData(bmp.Bytes(), "BMP").convertToFormat(QImage::Format_RGB32);
         const std::optional<Picture> loaded = Load(bmp.Bytes());
-        ASSERT_TRUE(loaded && loaded->image().size() == expected.size());
-        const int tolerance = bmp.bits == 16 ? 7 : 0; // that reader never gives white
+        ASSERT_TRUE(loaded && loaded->image().size() == expected.size()) << bmp.name;
+        // That reader leaves the lower bits of narrow channels 0 and so never gives white.
+        const QRgb compared = bmp.bits == 16 ? 0xfff8f8f8 : 0xffffffff;
         for (int i = 0; i < 7 * 3; ++i) {
-            const QRgb a = loaded->row(i / 7)[i % 7];
-            const QRgb b = expected.pixel(i % 7, i / 7);
-            ASSERT_LE(std::abs(qRed(a) - qRed(b)), tolerance) << "pixel " << i;
-            ASSERT_LE(std::abs(qGreen(a) - qGreen(b)), tolerance) << "pixel " << i;
-            ASSERT_LE(std::abs(qBlue(a) - qBlue(b)), tolerance) << "pixel " << i;
-            ASSERT_EQ(qAlpha(a), 255) << "pixel " << i;
+            EXPECT_EQ(loaded->row(i / 7)[i % 7] & compared, expected.pixel(i % 7, i / 7) & compared)
+                << bmp.name << ", pixel " << i;
         }
     }
 }

@@ -1,0 +1,7 @@
+#include "dialogs/DialogHost.h"
+
+namespace editor {
+
+DialogHost dialogHost;
+
+} // namespace editor
