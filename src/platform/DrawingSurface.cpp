@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 #include <limits>
 #include <stdexcept>
@@ -15,13 +16,16 @@ constexpr std::uint32_t Black = Opaque;
 // A table that any byte may index.
 using ColourTable = std::array<std::uint32_t, 256>;
 
+std::uint32_t ColourOf(const std::uint8_t* triple) {
+    return Opaque | static_cast<std::uint32_t>(triple[2] << 16 | triple[1] << 8 | triple[0]);
+}
+
 ColourTable ColoursOf(std::span<const std::uint8_t> palette) {
     ColourTable colours;
     colours.fill(Black);
     const std::size_t entries = std::min(palette.size() / 4, colours.size());
     for (std::size_t i = 0; i < entries; ++i) {
-        const std::uint8_t* quad = &palette[4 * i];
-        colours[i] = Opaque | static_cast<std::uint32_t>(quad[2] << 16 | quad[1] << 8 | quad[0]);
+        colours[i] = ColourOf(&palette[4 * i]);
     }
     return colours;
 }
@@ -41,8 +45,17 @@ void DrawIndices(std::uint32_t* out, const std::uint8_t* row, VisiblePart part,
 
 void DrawTriples(std::uint32_t* out, const std::uint8_t* row, VisiblePart part) {
     const std::uint8_t* in = row + std::ptrdiff_t{3} * part.first;
-    for (std::int32_t i = 0; i < part.count; ++i, in += 3) {
-        out[i] = Opaque | static_cast<std::uint32_t>(in[2] << 16 | in[1] << 8 | in[0]);
+    std::int32_t i = 0;
+    if constexpr (std::endian::native == std::endian::little) {
+        // Four bytes at a time: the fourth, of the next pixel, gives way to the opaque bits.
+        for (; i < part.count - 1; ++i, in += 3) {
+            std::uint32_t bytes = 0;
+            std::memcpy(&bytes, in, sizeof bytes);
+            out[i] = Opaque | bytes;
+        }
+    }
+    for (; i < part.count; ++i, in += 3) {
+        out[i] = ColourOf(in);
     }
 }
 

@@ -16,6 +16,11 @@ namespace {
 // between the two.
 constexpr std::int32_t BandBytes = 128 * 1024;
 
+// With samples of 16 bits, truecolour with alpha is inflated to twice the size of its bitmap. Its
+// rows are given back while they are converted, in parts of about this size, lest the two together
+// take three times the memory of the picture.
+constexpr std::size_t GivenBackAtOnce = std::size_t{8} << 20;
+
 enum class Conversion { None, Unpack2Bit, PaletteAlpha, GrayAlpha, RGB, RGBA };
 
 struct Target {
@@ -47,22 +52,21 @@ Target TargetOf(const HeaderRec& header, bool transparentPalette) {
 class RowConverter {
   public:
     RowConverter(const HeaderRec& header, Conversion conversion, const AlphaPalette& palette)
-        : header_(header), conversion_(conversion), palette_(palette) {}
+        : header_(header), conversion_(conversion), palette_(palette) {
+        if (header.BitDepth == 16) {
+            cut_.resize(static_cast<std::size_t>(RowBytes(header) - 1) / 2);
+        }
+    }
 
-    // The pixels of `row` without padding. A row of 16-bit samples is cut to 8 bits first, in
-    // `out`; where a pixel grows, in its second half, from which it is then read.
-    void Convert(std::span<const std::uint8_t> row, std::uint8_t* out) const {
+    // Writes the pixels of `row`, without padding.
+    void Convert(std::span<const std::uint8_t> row, std::uint8_t* out) {
         if (header_.BitDepth == 16) {
-            const std::size_t half = row.size() / 2;
-            std::uint8_t* cut = conversion_ == Conversion::GrayAlpha ? out + half : out;
-            Strip16Bit(row, cut);
-            row = {cut, half};
+            Strip16Bit(row, cut_.data());
+            row = cut_;
         }
         switch (conversion_) {
         case Conversion::None:
-            if (row.data() != out) {
-                std::memcpy(out, row.data(), row.size());
-            }
+            std::memcpy(out, row.data(), row.size());
             break;
         case Conversion::Unpack2Bit:
             Unpack2Bit(header_.Width, row, out);
@@ -86,6 +90,7 @@ class RowConverter {
     const HeaderRec& header_;
     Conversion conversion_;
     const AlphaPalette& palette_;
+    std::vector<std::uint8_t> cut_; // a row of 16-bit samples cut to 8 bits
 };
 
 BITMAPINFOHEADER BitmapHeader(const HeaderRec& header, std::int16_t bitCount,
@@ -117,6 +122,34 @@ std::uint8_t* BitmapRow(BitmapRec& image, std::ptrdiff_t stride, std::int32_t y)
     return image.Pixels.data() + (image.Header.biHeight - 1 - y) * stride;
 }
 
+// Reconstructs the filtered rows and makes them into those of the bitmap, whose pixels are in
+// place.
+void ConvertRows(const HeaderRec& header, LargeBuffer& filtered, RowConverter& converter,
+                 BitmapRec& image) {
+    const std::int32_t bitCount = image.Header.biBitCount;
+    const std::size_t rowBytes = static_cast<std::size_t>(RowBytes(header));
+    const std::int32_t stride = DibStride(header.Width, static_cast<std::int16_t>(bitCount));
+    const std::int64_t packed = (std::int64_t{header.Width} * bitCount + 7) / 8;
+    const auto padding = static_cast<std::size_t>(stride - packed);
+    const bool givesBack = header.BitDepth == 16 && header.ColorType == TruecolourAlpha;
+    std::size_t givenBack = 0;
+    const std::int32_t bandRows = std::max(2, BandBytes / RowBytes(header));
+    for (std::int32_t first = 0; first < header.Height; first += bandRows) {
+        const std::int32_t count = std::min(bandRows, header.Height - first);
+        Unfilter(header, filtered.bytes(), first, count);
+        std::size_t start = 0;
+        for (std::int32_t y = first; y < first + count; ++y) {
+            start = static_cast<std::size_t>(y) * rowBytes;
+            std::uint8_t* out = BitmapRow(image, stride, y);
+            converter.Convert(filtered.bytes().subspan(start + 1, rowBytes - 1), out);
+            std::memset(out + packed, 0, padding);
+        }
+        if (givesBack && start - givenBack > GivenBackAtOnce) {
+            givenBack = filtered.GiveBack(givenBack, start); // the last row is still looked up to
+        }
+    }
+}
+
 } // namespace
 
 BitmapRec DecodeImage() {
@@ -127,10 +160,9 @@ BitmapRec DecodeImage() {
     const ChunkRec tRNS = mdlPNG.GetChunk("tRNS1");
     const auto [conversion, bitCount] =
         TargetOf(header, header.ColorType == PaletteIndex && tRNS.Length > 0);
-    const std::int32_t rowBytes = RowBytes(header);
-    const std::int32_t expectedSize = To32Bit(std::int64_t{header.Height} * rowBytes);
-    const std::int32_t stride = DibStride(header.Width, bitCount);
-    const std::int32_t bitmapSize = To32Bit(std::int64_t{header.Height} * stride);
+    const std::int32_t expectedSize = To32Bit(std::int64_t{header.Height} * RowBytes(header));
+    const std::int32_t bitmapSize =
+        To32Bit(std::int64_t{header.Height} * DibStride(header.Width, bitCount));
 
     LargeBuffer filtered = Inflate(GetImageData(), expectedSize);
     if (filtered.empty()) {
@@ -138,26 +170,12 @@ BitmapRec DecodeImage() {
     }
     const std::vector<RGBTriple> palette = GetPalette();
     const AlphaPalette alphaPalette(palette, tRNS.Data);
-    const RowConverter converter(header, conversion, alphaPalette);
-
+    RowConverter converter(header, conversion, alphaPalette);
     BitmapRec image;
     image.Palette = ColourTableOf(header, palette);
     image.Header = BitmapHeader(header, bitCount, image.Palette.size());
     image.Pixels = LargeBuffer(static_cast<std::size_t>(bitmapSize));
-    const auto packed = static_cast<std::size_t>((std::int64_t{header.Width} * bitCount + 7) / 8);
-    const std::int32_t bandRows = std::max(2, BandBytes / rowBytes);
-    for (std::int32_t first = 0; first < header.Height; first += bandRows) {
-        const std::int32_t count = std::min(bandRows, header.Height - first);
-        Unfilter(header, filtered.bytes(), first, count);
-        for (std::int32_t y = first; y < first + count; ++y) {
-            const std::size_t start =
-                static_cast<std::size_t>(y) * static_cast<std::size_t>(rowBytes);
-            std::uint8_t* out = BitmapRow(image, stride, y);
-            converter.Convert(
-                filtered.bytes().subspan(start + 1, static_cast<std::size_t>(rowBytes) - 1), out);
-            std::memset(out + packed, 0, static_cast<std::size_t>(stride) - packed);
-        }
-    }
+    ConvertRows(header, filtered, converter, image);
     return image;
 }
 

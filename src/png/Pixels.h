@@ -10,7 +10,7 @@
 namespace editor {
 
 // Conversions of reconstructed pixels, each for one row or for any number of rows packed without
-// gaps. `out` is as long as the result; where it says so it may be the input itself.
+// gaps. `out` is as long as the result and does not overlap the input.
 
 struct RGBTriple {
     std::uint8_t Red;
@@ -24,10 +24,10 @@ void Strip16Bit(std::span<const std::uint8_t> data, std::uint8_t* out);
 /// `width` samples of 2 bits, the first in a byte's highest bits, as one byte each, 0 to 3.
 void Unpack2Bit(std::int32_t width, std::span<const std::uint8_t> row, std::uint8_t* out);
 
-/// (grey, alpha) pairs as (grey, grey, grey, alpha). The pairs may lie in the second half of `out`.
+/// (grey, alpha) pairs as (grey, grey, grey, alpha).
 void GrayAlphaToBGRA(std::span<const std::uint8_t> data, std::uint8_t* out);
 
-/// Exchanges the first and the third of every 3 or 4 bytes; `out` may be the input.
+/// Exchanges the first and the third of every 3 or 4 bytes.
 void SwapRGB(std::span<const std::uint8_t> data, std::uint8_t* out);
 void SwapRGBA(std::span<const std::uint8_t> data, std::uint8_t* out);
 

@@ -2,6 +2,9 @@
 
 #include "png/PngFixture.h"
 
+#include <cstring>
+#include <limits>
+
 namespace editor {
 namespace {
 
@@ -23,6 +26,27 @@ TEST_F(DrawingTest, BlendingDividesBy256AndKeepsTheEndsExact) {
         std::uint32_t out = row.background;
         BlendRow(&out, row.pixel.data(), 1);
         EXPECT_EQ(out, row.result);
+    }
+}
+
+TEST_F(DrawingTest, BlendingManyPixelsAtOnceIsBlendingEachAlone) {
+    const HeaderRec header = {.Width = 23, .Height = 256, .BitDepth = 8, .ColorType = 6};
+    Bytes pixels = NoiseRows(header, 1);
+    const Bytes backgrounds = NoiseRows(header, 2);
+    for (std::size_t row = 0; row < 256; ++row) {
+        std::vector<std::uint32_t> together(23);
+        std::vector<std::uint32_t> alone(23);
+        std::uint8_t* first = &pixels[row * 92];
+        for (std::size_t i = 0; i < 23; ++i) {
+            // Every alpha once, and runs of both ends.
+            first[4 * i + 3] = static_cast<std::uint8_t>(i < 8 ? row : i < 13 ? 0 : 255);
+            std::memcpy(&together[i], &backgrounds[row * 92 + 4 * i], 4);
+            together[i] |= 0xff000000;
+            alone[i] = together[i];
+            BlendRow(&alone[i], first + 4 * i, 1);
+        }
+        BlendRow(together.data(), first, 23);
+        ASSERT_EQ(together, alone) << row;
     }
 }
 

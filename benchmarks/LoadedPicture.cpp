@@ -1,0 +1,109 @@
+#include "LoadedPicture.h"
+
+#include "platform/DrawingSurface.h"
+#include "platform/Picture.h"
+#include "png/ChunkWalk.h"
+#include "png/ImageData.h"
+#include "png/PngFile.h"
+#include "png/Sizes.h"
+#include "png/cPNG.h"
+#include "png/mdlPNG.h"
+
+#include <QImage>
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <malloc.h>
+#include <stdexcept>
+#include <vector>
+#include <zlib.h>
+
+namespace editor {
+namespace {
+
+std::int64_t StatusBytes(const std::string& field) {
+    std::ifstream status("/proc/self/status");
+    std::string name;
+    while (status >> name) {
+        if (name == field + ":") {
+            std::int64_t kibibytes = 0;
+            status >> kibibytes;
+            return kibibytes * 1024;
+        }
+    }
+    return 0;
+}
+
+// Runs `load` with the process' peak memory starting at what it is now.
+Measured Run(const std::function<void()>& load) {
+    std::ofstream("/proc/self/clear_refs") << "5";
+    const std::int64_t before = StatusBytes("VmRSS");
+    const auto start = std::chrono::steady_clock::now();
+    load();
+    const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
+    return {time.count(), StatusBytes("VmHWM") - before};
+}
+
+Measured LoadOurs(const std::filesystem::path& file) {
+    Picture target;
+    return Run([&] {
+        cPNG png;
+        if (png.LoadPNGFile(file) != 0) {
+            throw std::runtime_error("a picture of the benchmark was refused");
+        }
+        DrawingSurface picTemp(png.Width(), png.Height());
+        png.DrawToDC(picTemp, 0, 0);
+        target = Picture(std::move(picTemp));
+    });
+}
+
+Measured LoadQt(const std::filesystem::path& file) {
+    QImage image;
+    return Run([&] {
+        image = QImage(QString::fromStdString(file.string()));
+        if (image.depth() != 32) {
+            image = image.convertToFormat(QImage::Format_RGB32);
+        }
+    });
+}
+
+Measured LoadUncompress(const std::filesystem::path& file) {
+    mdlPNG.ClearChunks();
+    mdlPNG.FileBytes = ReadPngFile(file);
+    HeaderRec header;
+    if (!ReadChunks(mdlPNG.FileBytes.bytes(), header)) {
+        throw std::runtime_error("a picture of the benchmark was refused");
+    }
+    const auto data = GetImageData();
+    std::vector<std::uint8_t> touched(static_cast<std::size_t>(RowBytes(header)) *
+                                      static_cast<std::size_t>(header.Height));
+    uLongf size = touched.size();
+    return Run([&] {
+        if (uncompress(touched.data(), &size, data.data(), data.size()) != Z_OK) {
+            throw std::runtime_error("a picture of the benchmark is corrupt");
+        }
+    });
+}
+
+} // namespace
+
+void KeepFreedMemory() {
+    constexpr int Never = 1 << 30;
+    mallopt(M_MMAP_THRESHOLD, Never);
+    mallopt(M_TRIM_THRESHOLD, Never);
+}
+
+Measured Load(Loader loader, const std::filesystem::path& file) {
+    switch (loader) {
+    case Loader::Ours:
+        return LoadOurs(file);
+    case Loader::Qt:
+        return LoadQt(file);
+    default:
+        return LoadUncompress(file);
+    }
+}
+
+} // namespace editor

@@ -1,0 +1,196 @@
+#include "MadePictures.h"
+
+#include "png/Sizes.h"
+#include "support/PngBuilder.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+
+namespace editor {
+namespace {
+
+constexpr std::size_t IDATBytes = 8192;
+
+struct Colour {
+    std::array<double, 4> samples; // red, green, blue, alpha, 0 to 255
+};
+
+std::uint32_t Hash(std::uint32_t x, std::uint32_t y, std::uint32_t seed) {
+    std::uint32_t h = x * 0x8da6b343U ^ y * 0xd8163841U ^ seed * 0xcb1ab31fU;
+    h = (h ^ h >> 13) * 0x5bd1e995U;
+    return h ^ h >> 15;
+}
+
+// Smooth noise from 0 to 1 with features of `size` pixels.
+double Smooth(std::uint32_t x, std::uint32_t y, std::uint32_t size, std::uint32_t seed) {
+    const auto corner = [&](std::uint32_t dx, std::uint32_t dy) {
+        return Hash(x / size + dx, y / size + dy, seed) % 4096 / 4096.0;
+    };
+    const double fx = x % size / static_cast<double>(size);
+    const double fy = y % size / static_cast<double>(size);
+    return std::lerp(std::lerp(corner(0, 0), corner(1, 0), fx),
+                     std::lerp(corner(0, 1), corner(1, 1), fx), fy);
+}
+
+// Light and shade, texture and the grain of a sensor.
+Colour Photo(std::uint32_t x, std::uint32_t y) {
+    const double light = Smooth(x, y, 700, 1) * 0.6 + Smooth(x, y, 90, 2) * 0.3;
+    const double texture = Smooth(x, y, 9, 3) * 0.08;
+    Colour colour = {};
+    for (std::uint32_t i = 0; i < 3; ++i) {
+        const double tint = Smooth(x, y, 400, 10 + i) * 0.2;
+        const double grain = Hash(x, y, 20 + i) % 1024 / 1024.0 * 0.025;
+        colour.samples[i] = std::min((light + texture + tint + grain) * 215, 255.0);
+    }
+    colour.samples[3] = 255;
+    return colour;
+}
+
+// Sky, hills, bricks and round, shaded things with soft edges, most of it plain; a part is
+// transparent where the kind has alpha.
+Colour FlatArt(std::uint32_t x, std::uint32_t y) {
+    const std::uint32_t hill = 300 + static_cast<std::uint32_t>(Smooth(x, 0, 260, 4) * 500);
+    if (y % 1024 > hill) {
+        const bool mortar = y % 32 < 2 || (x + y / 32 % 2 * 32) % 64 < 2;
+        const double shade = mortar ? 40 : 110 + 10.0 * (Hash(x / 64, y / 32, 5) % 4);
+        return {{shade, shade * 0.6, shade * 0.4, 255}};
+    }
+    const auto dx = static_cast<double>(x % 512) - 256;
+    const auto dy = static_cast<double>(y % 512) - 256;
+    const double distance = std::sqrt(dx * dx + dy * dy);
+    if (distance < 90) {
+        const double alpha = std::clamp((90 - distance) * 128, 0.0, 255.0);
+        const double shade = std::floor(distance / 6) * 6;
+        return {{230 - shade, 180 - shade, 40, alpha}};
+    }
+    return {{90, 140, 220, (x / 1024 + y / 1024) % 2 != 0 ? 0.0 : 255.0}};
+}
+
+// A cube of 6 x 7 x 6 colours.
+Bytes CubePalette() {
+    Bytes entries;
+    for (int i = 0; i < 252; ++i) {
+        for (const int sample : {i / 42 * 51, i / 6 % 7 * 42, i % 6 * 51}) {
+            entries.push_back(static_cast<std::uint8_t>(sample));
+        }
+    }
+    return entries;
+}
+
+// The cube's nearest colour, dithered for photographs.
+std::uint8_t CubeIndex(const Colour& colour, double dither) {
+    const auto step = [&](double sample, int steps) {
+        return std::clamp(static_cast<int>(sample / 255 * steps + dither), 0, steps);
+    };
+    return static_cast<std::uint8_t>(step(colour.samples[0], 5) * 42 +
+                                     step(colour.samples[1], 6) * 6 + step(colour.samples[2], 5));
+}
+
+void AppendPixel(Bytes& row, const HeaderRec& header, const Colour& colour, double dither) {
+    if (header.ColorType == PaletteIndex) {
+        row.push_back(CubeIndex(colour, dither));
+        return;
+    }
+    const std::size_t samples = header.ColorType == TruecolourAlpha ? 4 : 3;
+    for (std::size_t i = 0; i < samples; ++i) {
+        const int value = static_cast<int>(colour.samples[i] * 257);
+        row.push_back(static_cast<std::uint8_t>(value >> 8));
+        if (header.BitDepth == 16) {
+            row.push_back(static_cast<std::uint8_t>(value & 0xff));
+        }
+    }
+}
+
+// Two rows under one another, the last of which is to be filtered.
+Bytes BestFiltered(const HeaderRec& header, const Bytes& previous, const Bytes& row) {
+    Bytes best;
+    long least = 0;
+    HeaderRec twoRows = header;
+    twoRows.Height = 2;
+    for (std::uint8_t filter = 0; filter < (header.ColorType == PaletteIndex ? 1 : 5); ++filter) {
+        Bytes tried = Filtered(twoRows, Join({previous, row}), {0, filter});
+        tried.erase(tried.begin(), tried.begin() + static_cast<std::ptrdiff_t>(row.size()) + 1);
+        long sum = 0;
+        for (std::size_t i = 1; i < tried.size(); ++i) {
+            sum += std::abs(static_cast<std::int8_t>(tried[i]));
+        }
+        if (best.empty() || sum < least) {
+            best = std::move(tried);
+            least = sum;
+        }
+    }
+    return best;
+}
+
+Bytes FilteredImage(const MadePicture& picture) {
+    const HeaderRec& header = picture.header;
+    const bool photo = picture.content == "photo";
+    Bytes filtered;
+    Bytes previous(static_cast<std::size_t>(RowBytes(header) - 1));
+    for (std::int32_t y = 0; y < header.Height; ++y) {
+        Bytes row;
+        for (std::int32_t x = 0; x < header.Width; ++x) {
+            const auto px = static_cast<std::uint32_t>(x);
+            const auto py = static_cast<std::uint32_t>(y);
+            const double dither = photo ? Hash(px, py, 30) % 256 / 256.0 : 0.5;
+            AppendPixel(row, header, photo ? Photo(px, py) : FlatArt(px, py), dither);
+        }
+        const Bytes best = BestFiltered(header, previous, row);
+        filtered.insert(filtered.end(), best.begin(), best.end());
+        previous = std::move(row);
+    }
+    return filtered;
+}
+
+} // namespace
+
+std::vector<MadePicture> PicturesOf(std::int32_t width, std::int32_t height,
+                                    const std::filesystem::path& folder) {
+    struct Kind {
+        const char* name;
+        ColourType type;
+        std::uint8_t depth;
+    };
+    std::vector<MadePicture> pictures;
+    for (const Kind& kind : {Kind{"RGBA 8", TruecolourAlpha, 8}, Kind{"RGB 8", Truecolour, 8},
+                             Kind{"RGB 16", Truecolour, 16}, Kind{"palette 8", PaletteIndex, 8}}) {
+        for (const char* content : {"flat", "photo"}) {
+            const std::string name = std::to_string(width) + "x" + std::to_string(height) + "-" +
+                                     kind.name + "-" + content + ".png";
+            pictures.push_back(
+                {kind.name,
+                 content,
+                 {.Width = width, .Height = height, .BitDepth = kind.depth, .ColorType = kind.type},
+                 folder / name});
+        }
+    }
+    return pictures;
+}
+
+void MakePicture(const MadePicture& picture) {
+    if (std::filesystem::exists(picture.file)) {
+        return;
+    }
+    Bytes file = Join({Signature(), IHDR(picture.header)});
+    const auto append = [&file](const Bytes& chunk) {
+        file.insert(file.end(), chunk.begin(), chunk.end());
+    };
+    if (picture.header.ColorType == PaletteIndex) {
+        append(Chunk("PLTE", CubePalette()));
+    }
+    const Bytes stream = Deflated(FilteredImage(picture));
+    for (std::size_t start = 0; start < stream.size(); start += IDATBytes) {
+        const auto first = stream.begin() + static_cast<std::ptrdiff_t>(start);
+        const auto size = std::min(IDATBytes, stream.size() - start);
+        append(Chunk("IDAT", Bytes(first, first + static_cast<std::ptrdiff_t>(size))));
+    }
+    append(IEND());
+    std::filesystem::path unfinished = picture.file;
+    unfinished += ".part";
+    WriteFile(unfinished, file);
+    std::filesystem::rename(unfinished, picture.file);
+}
+
+} // namespace editor

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "png/mdlPNG.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace editor {
+
+/// One picture that is measured, a file made by MakePicture().
+struct MadePicture {
+    std::string kind;    // "RGBA 8"
+    std::string content; // "flat" or "photo"
+    HeaderRec header;
+    std::filesystem::path file;
+};
+
+/// Game-like flat art and photo-like content of every kind that a target names, in a size.
+[[nodiscard]] std::vector<MadePicture> PicturesOf(std::int32_t width, std::int32_t height,
+                                                  const std::filesystem::path& folder);
+
+/// Writes the file, unless it is there already, the way common encoders do: each row with the
+/// filter of the least sum of absolute differences (none for palette images), zlib at level 6 and
+/// IDAT chunks of 8 KiB.
+void MakePicture(const MadePicture& picture);
+
+} // namespace editor

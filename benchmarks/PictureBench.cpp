@@ -1,0 +1,189 @@
+#include "LoadedPicture.h"
+#include "MadePictures.h"
+#include "support/PngBuilder.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <iomanip>
+#include <map>
+#include <sstream>
+#include <stdexcept>
+#include <vector>
+
+namespace editor {
+namespace {
+
+constexpr std::array<Loader, 3> Loaders = {Loader::Ours, Loader::Qt, Loader::Uncompress};
+
+// Medians of one picture's loads: a first load in a process, and one in a process that has loaded
+// the same picture before.
+struct Medians {
+    std::map<Loader, double> first;
+    std::map<Loader, double> again;
+    double peak = 0; // of our first load, in bytes
+};
+
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+// What a process of this program that measures one loader prints: the first load, its peak, and
+// a load when the memory was touched before.
+struct Printed {
+    double first = 0;
+    double peak = 0;
+    double again = 0;
+};
+
+void PrintLoads(Loader loader, const std::filesystem::path& file) {
+    // The libraries' own first use is no part of a load.
+    const std::filesystem::path warmUp = file.parent_path() / "one-pixel.png";
+    static_cast<void>(Load(loader, warmUp));
+    const Measured first = Load(loader, file);
+    KeepFreedMemory();
+    static_cast<void>(Load(loader, file));
+    const Measured again = Load(loader, file);
+    std::printf("%f %f %f\n", first.milliseconds, static_cast<double>(first.peakBytes),
+                again.milliseconds);
+}
+
+Printed LoadInFreshProcess(const char* program, Loader loader, const std::filesystem::path& file) {
+    std::ostringstream line;
+    line << std::quoted(program, '\'') << " --load " << static_cast<int>(loader) << ' '
+         << std::quoted(file.string(), '\'');
+    const std::string command = line.str();
+    std::FILE* output = popen(command.c_str(), "r");
+    Printed printed;
+    if (output == nullptr ||
+        std::fscanf(output, "%lf %lf %lf", &printed.first, &printed.peak, &printed.again) != 3 ||
+        pclose(output) != 0) {
+        throw std::runtime_error("a load failed: " + command);
+    }
+    return printed;
+}
+
+Medians Measure(const char* program, const MadePicture& picture, int rounds) {
+    std::map<Loader, std::vector<double>> first;
+    std::map<Loader, std::vector<double>> again;
+    std::vector<double> peaks;
+    for (int i = 0; i < rounds; ++i) {
+        for (const Loader loader : Loaders) {
+            const Printed printed = LoadInFreshProcess(program, loader, picture.file);
+            first[loader].push_back(printed.first);
+            again[loader].push_back(printed.again);
+            if (loader == Loader::Ours) {
+                peaks.push_back(printed.peak);
+            }
+        }
+    }
+    Medians medians;
+    for (const Loader loader : Loaders) {
+        medians.first[loader] = Median(first[loader]);
+        medians.again[loader] = Median(again[loader]);
+    }
+    medians.peak = Median(peaks);
+    return medians;
+}
+
+struct Targets {
+    double firstToQt = 0.6;
+    double firstToUncompress;
+    double againToQt = 0.8;
+    double againToUncompress = 1.2;
+    double peakToPicture = 2.1; // the file's size is taken off before
+};
+
+Targets TargetsOf(const MadePicture& picture) {
+    Targets targets{.firstToUncompress = picture.content == "photo" ? 1.3 : 1.5};
+    if (picture.kind == "RGB 16") {
+        targets.firstToQt = 0.5;
+        targets.peakToPicture = 2.8;
+    }
+    if (picture.kind == "palette 8") {
+        targets.firstToQt = 0.3;
+        targets.firstToUncompress = picture.header.Width < 4096 ? 2.1 : 1.8;
+    }
+    return targets;
+}
+
+void PrintRatio(double ratio, double target) {
+    std::printf(" %5.2f%c%4.2f", ratio, ratio > target ? '>' : ' ', target);
+}
+
+void PrintRow(const MadePicture& picture, const Medians& medians) {
+    const Targets targets = TargetsOf(picture);
+    const double pictureBytes = 4.0 * picture.header.Width * picture.header.Height;
+    const auto fileBytes = static_cast<double>(std::filesystem::file_size(picture.file));
+    const auto& first = medians.first;
+    const auto& again = medians.again;
+    std::printf("%4dx%-4d %-9s %-5s %5.1f |%7.1f %7.1f %7.1f", picture.header.Width,
+                picture.header.Height, picture.kind.c_str(), picture.content.c_str(),
+                fileBytes / (1 << 20), first.at(Loader::Ours), first.at(Loader::Qt),
+                first.at(Loader::Uncompress));
+    PrintRatio(first.at(Loader::Ours) / first.at(Loader::Qt), targets.firstToQt);
+    PrintRatio(first.at(Loader::Ours) / first.at(Loader::Uncompress), targets.firstToUncompress);
+    std::printf(" |%7.1f %7.1f %7.1f", again.at(Loader::Ours), again.at(Loader::Qt),
+                again.at(Loader::Uncompress));
+    PrintRatio(again.at(Loader::Ours) / again.at(Loader::Qt), targets.againToQt);
+    PrintRatio(again.at(Loader::Ours) / again.at(Loader::Uncompress), targets.againToUncompress);
+    std::printf(" |");
+    PrintRatio((medians.peak - fileBytes) / pictureBytes, targets.peakToPicture);
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+void PrintHeading() {
+    std::printf("Loading a PNG file into a 32-bit picture, medians in ms. Each ratio stands before "
+                "its target; '>' marks a miss.\n"
+                "zlib: uncompress alone into memory touched before. peak: memory at most, less the "
+                "file, as a multiple of the picture.\n\n"
+                "%-25s %5s | %-45s | %-45s | %s\n%-25s %5s |%7s %7s %7s %10s %10s |%7s %7s %7s "
+                "%10s %10s | %10s\n",
+                "", "file", "first load in a process", "memory touched before", "", "picture",
+                "MiB", "ours", "Qt", "zlib", "/ Qt", "/ zlib", "ours", "Qt", "zlib", "/ Qt",
+                "/ zlib", "peak");
+}
+
+void Run(const char* program, const std::filesystem::path& folder, bool brief) {
+    std::filesystem::create_directories(folder);
+    WriteFile(folder / "one-pixel.png", OnePixelPng());
+    std::vector<MadePicture> pictures = PicturesOf(1920, 1080, folder);
+    if (!brief) {
+        const std::vector<MadePicture> large = PicturesOf(4096, 4096, folder);
+        pictures.insert(pictures.begin(), large.begin(), large.end());
+    }
+    for (const MadePicture& picture : pictures) {
+        MakePicture(picture);
+    }
+    PrintHeading();
+    for (const MadePicture& picture : pictures) {
+        const int rounds = brief ? 1 : picture.header.Width < 4096 ? 15 : 5;
+        PrintRow(picture, Measure(program, picture, rounds));
+    }
+}
+
+} // namespace
+} // namespace editor
+
+// bench_pictures FOLDER [--short]: makes the pictures in FOLDER where they are missing, measures
+// them and prints the table; with --short the small ones once.
+int main(int argc, char** argv) {
+    try {
+        if (argc == 4 && std::strcmp(argv[1], "--load") == 0) {
+            editor::PrintLoads(static_cast<editor::Loader>(std::atoi(argv[2])), argv[3]);
+            return 0;
+        }
+        if (argc < 2) {
+            std::fprintf(stderr, "usage: %s FOLDER [--short]\n", argv[0]);
+            return 2;
+        }
+        editor::Run(argv[0], argv[1], argc > 2 && std::strcmp(argv[2], "--short") == 0);
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+}

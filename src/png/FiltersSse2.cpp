@@ -1,0 +1,288 @@
+#include "png/Filters.h"
+
+#ifdef __SSE2__
+
+#include <array>
+#include <cstring>
+#include <emmintrin.h>
+#include <type_traits>
+
+namespace editor {
+namespace {
+
+// A pixel's bytes do not depend on each other, but a pixel depends on the one before it: the loops
+// below handle a pixel of `Size` bytes at a time in the low bytes of a register, and what counts is
+// the number of instructions from one pixel's result to the next one's. Rows go pixel by pixel, so
+// nothing beyond their ends is read or written.
+
+template <class Integer>
+std::uint64_t LoadInteger(const std::uint8_t* bytes) {
+    Integer value = 0;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+}
+
+// 3 and 6 bytes in two parts: put together in memory, they would be waited for.
+template <int Size>
+__m128i LoadPixel(const std::uint8_t* bytes) {
+    std::uint64_t pixel = 0;
+    if constexpr (Size == 3) {
+        pixel = LoadInteger<std::uint16_t>(bytes) | std::uint64_t{bytes[2]} << 16;
+    } else if constexpr (Size == 6) {
+        pixel = LoadInteger<std::uint32_t>(bytes) | LoadInteger<std::uint16_t>(bytes + 4) << 32;
+    } else {
+        std::memcpy(&pixel, bytes, Size);
+    }
+    return _mm_cvtsi64_si128(static_cast<long long>(pixel));
+}
+
+template <int Size>
+void StorePixel(std::uint8_t* bytes, __m128i pixel) {
+    const auto value = static_cast<std::uint64_t>(_mm_cvtsi128_si64(pixel));
+    std::memcpy(bytes, &value, Size);
+}
+
+// Calls `kernel` with the size of a pixel as a constant.
+template <class Kernel>
+void WithPixelSize(std::int32_t bytesPerPixel, Kernel kernel) {
+    switch (bytesPerPixel) {
+    case 1:
+        return kernel(std::integral_constant<int, 1>());
+    case 2:
+        return kernel(std::integral_constant<int, 2>());
+    case 3:
+        return kernel(std::integral_constant<int, 3>());
+    case 4:
+        return kernel(std::integral_constant<int, 4>());
+    case 6:
+        return kernel(std::integral_constant<int, 6>());
+    default:
+        return kernel(std::integral_constant<int, 8>());
+    }
+}
+
+// What a filter remembers from pixel to pixel; Next() makes a filtered pixel x, below b, into the
+// reconstructed one.
+
+struct SubStep {
+    __m128i Next(__m128i x, __m128i) {
+        a = _mm_add_epi8(a, x);
+        return a;
+    }
+
+    __m128i a = _mm_setzero_si128();
+};
+
+// _mm_avg_epu8 rounds up where the filter rounds down. On complements it is the other way round:
+// with a' = ~a and b' = ~b, x + (a + b) / 2 = x + ~avg(a', b'), and the complement of that, the
+// next a', is avg(a', b') - x. That leaves two instructions between pixels.
+struct AverageStep {
+    __m128i Next(__m128i x, __m128i b) {
+        const __m128i ones = _mm_set1_epi8(-1);
+        notA = _mm_sub_epi8(_mm_avg_epu8(notA, _mm_xor_si128(b, ones)), x);
+        return _mm_xor_si128(notA, ones);
+    }
+
+    __m128i notA = _mm_set1_epi8(-1);
+};
+
+// x + PaethPredictor(a, b, c) in 16-bit lanes that hold 0 to 255 each.
+//
+// With lo and hi the smaller and the larger of a and b, the distances of p = a + b - c from a, b
+// and c compare like the threshold t = 3c - a - b with lo and hi: when t >= hi the predictor is lo,
+// when t <= lo it is hi, otherwise it lies nearest to c. (p's distances from a and b are |b - c|
+// and |a - c|; between lo and hi, c is nearest as long as it is within a third of the middle.
+// Both conditions hold only when a = b = c, where all answers are the same.) So the predictor is c
+// plus one of two differences, or neither.
+__m128i AddPaeth(__m128i x, __m128i a, __m128i b, __m128i c) {
+    const __m128i lo = _mm_min_epi16(a, b);
+    const __m128i hi = _mm_max_epi16(a, b);
+    const __m128i t = _mm_sub_epi16(_mm_sub_epi16(_mm_add_epi16(c, _mm_add_epi16(c, c)), b), a);
+    const __m128i toLo = _mm_andnot_si128(_mm_cmpgt_epi16(hi, t), _mm_sub_epi16(lo, c));
+    const __m128i toHi = _mm_andnot_si128(_mm_cmpgt_epi16(t, lo), _mm_sub_epi16(hi, c));
+    const __m128i sum = _mm_add_epi16(_mm_add_epi16(x, c), _mm_or_si128(toLo, toHi));
+    return _mm_and_si128(sum, _mm_set1_epi16(0xff));
+}
+
+struct PaethStep {
+    __m128i Next(__m128i x, __m128i b) {
+        const __m128i zero = _mm_setzero_si128();
+        const __m128i wideB = _mm_unpacklo_epi8(b, zero);
+        a = AddPaeth(_mm_unpacklo_epi8(x, zero), a, wideB, c);
+        c = wideB;
+        return _mm_packus_epi16(a, a);
+    }
+
+    __m128i a = _mm_setzero_si128();
+    __m128i c = _mm_setzero_si128();
+};
+
+template <int Size, class Step>
+void Reconstruct(std::span<std::uint8_t> row, const std::uint8_t* previous, Step step) {
+    for (std::size_t i = 0; i < row.size(); i += Size) {
+        std::uint8_t* x = row.data() + i;
+        StorePixel<Size>(x, step.Next(LoadPixel<Size>(x), LoadPixel<Size>(previous + i)));
+    }
+}
+
+// Two rows in lockstep, the second one pixel behind, because it needs the first one's result: a
+// processor that waits for one row's last pixel works on the other's.
+template <int Size, class FirstStep, class SecondStep>
+void ReconstructPair(std::span<std::uint8_t> first, FirstStep firstStep,
+                     std::span<std::uint8_t> second, SecondStep secondStep,
+                     const std::uint8_t* previous) {
+    std::uint8_t* x1 = first.data();
+    std::uint8_t* x2 = second.data();
+    __m128i above = firstStep.Next(LoadPixel<Size>(x1), LoadPixel<Size>(previous));
+    StorePixel<Size>(x1, above);
+    for (std::size_t i = Size; i < first.size(); i += Size, x2 += Size) {
+        const __m128i pixel =
+            firstStep.Next(LoadPixel<Size>(x1 + i), LoadPixel<Size>(previous + i));
+        StorePixel<Size>(x2, secondStep.Next(LoadPixel<Size>(x2), above));
+        StorePixel<Size>(x1 + i, pixel);
+        above = pixel;
+    }
+    StorePixel<Size>(x2, secondStep.Next(LoadPixel<Size>(x2), above));
+}
+
+// Two rows' Paeth filters in the halves of one register, pixels of up to 4 bytes: the upper half is
+// the lower row, one pixel behind, so that the pixel above it is what the lower half was before.
+struct PaethTwinStep {
+    // `x`, `b`: of the upper row in the low bytes, of the lower row's `x` in the bytes from 4 on.
+    __m128i Next(__m128i x, __m128i b) {
+        const __m128i zero = _mm_setzero_si128();
+        const __m128i wideB = _mm_unpacklo_epi64(_mm_unpacklo_epi8(b, zero), a);
+        a = AddPaeth(_mm_unpacklo_epi8(x, zero), a, wideB, c);
+        c = wideB;
+        return _mm_packus_epi16(a, a);
+    }
+
+    __m128i a = _mm_setzero_si128();
+    __m128i c = _mm_setzero_si128();
+};
+
+using FourRows = std::array<std::uint8_t*, 4>;
+
+// One step of four rows in lockstep; row r is at pixel `column` - r. A row that has not begun takes
+// zeros, which leave what the filter remembers at zero; one that has ended goes on without effect.
+template <int Size, bool AllInside>
+void StepFour(const FourRows& rows, const std::uint8_t* previous, std::size_t column,
+              std::size_t pixels, PaethTwinStep& upper, PaethTwinStep& lower) {
+    const auto inside = [&](std::size_t r) {
+        return AllInside || (column >= r && column - r < pixels);
+    };
+    const auto at = [&](std::size_t r) { return rows[r] + (column - r) * Size; };
+    const auto load = [&](std::size_t r) {
+        return inside(r) ? LoadPixel<Size>(at(r)) : _mm_setzero_si128();
+    };
+    const __m128i b = inside(0) ? LoadPixel<Size>(previous + column * Size) : _mm_setzero_si128();
+    const __m128i aboveLower = _mm_packus_epi16(_mm_srli_si128(upper.a, 8), _mm_setzero_si128());
+    const __m128i two = upper.Next(_mm_unpacklo_epi32(load(0), load(1)), b);
+    const __m128i others = lower.Next(_mm_unpacklo_epi32(load(2), load(3)), aboveLower);
+    const __m128i results[] = {two, _mm_srli_si128(two, 4), others, _mm_srli_si128(others, 4)};
+    for (std::size_t r = 0; r < rows.size(); ++r) {
+        if (inside(r)) {
+            StorePixel<Size>(at(r), results[r]);
+        }
+    }
+}
+
+template <int Size>
+void PaethFour(const FourRows& rows, const std::uint8_t* previous, std::size_t length) {
+    const std::size_t pixels = length / Size;
+    constexpr std::size_t Behind = 3;
+    PaethTwinStep upper;
+    PaethTwinStep lower;
+    std::size_t column = 0;
+    for (; column < Behind; ++column) {
+        StepFour<Size, false>(rows, previous, column, pixels, upper, lower);
+    }
+    for (; column < pixels; ++column) {
+        StepFour<Size, true>(rows, previous, column, pixels, upper, lower);
+    }
+    for (; column < pixels + Behind; ++column) {
+        StepFour<Size, false>(rows, previous, column, pixels, upper, lower);
+    }
+}
+
+// Calls `kernel` with what the filter remembers before the first pixel.
+template <class Kernel>
+void WithStep(FilterType type, Kernel kernel) {
+    switch (type) {
+    case FilterType::Sub:
+        return kernel(SubStep());
+    case FilterType::Average:
+        return kernel(AverageStep());
+    default:
+        return kernel(PaethStep());
+    }
+}
+
+} // namespace
+
+void FilterSub(std::span<std::uint8_t> row, std::int32_t bytesPerPixel) {
+    // Any row does for the one above, which the filter does not look at.
+    WithPixelSize(bytesPerPixel, [&](auto size) { Reconstruct<size>(row, row.data(), SubStep()); });
+}
+
+void FilterUp(std::span<std::uint8_t> row, std::span<const std::uint8_t> previous) {
+    constexpr std::size_t Width = sizeof(__m128i);
+    const std::size_t wide = previous.size() / Width * Width;
+    for (std::size_t i = 0; i < wide; i += Width) {
+        auto* x = reinterpret_cast<__m128i*>(row.data() + i);
+        const auto* b = reinterpret_cast<const __m128i*>(previous.data() + i);
+        _mm_storeu_si128(x, _mm_add_epi8(_mm_loadu_si128(x), _mm_loadu_si128(b)));
+    }
+    if (wide < previous.size()) {
+        plain::FilterUp(row.subspan(wide), previous.subspan(wide));
+    }
+}
+
+void FilterAverage(std::span<std::uint8_t> row, std::span<const std::uint8_t> previous,
+                   std::int32_t bytesPerPixel) {
+    if (previous.empty()) {
+        plain::FilterAverage(row, previous, bytesPerPixel);
+        return;
+    }
+    WithPixelSize(bytesPerPixel,
+                  [&](auto size) { Reconstruct<size>(row, previous.data(), AverageStep()); });
+}
+
+void FilterPaeth(std::span<std::uint8_t> row, std::span<const std::uint8_t> previous,
+                 std::int32_t bytesPerPixel) {
+    if (previous.empty()) {
+        FilterSub(row, bytesPerPixel);
+        return;
+    }
+    WithPixelSize(bytesPerPixel,
+                  [&](auto size) { Reconstruct<size>(row, previous.data(), PaethStep()); });
+}
+
+void FilterPair(FilterType firstType, std::span<std::uint8_t> first, FilterType secondType,
+                std::span<std::uint8_t> second, std::span<const std::uint8_t> previous,
+                std::int32_t bytesPerPixel) {
+    WithPixelSize(bytesPerPixel, [&](auto size) {
+        WithStep(firstType, [&](auto firstStep) {
+            WithStep(secondType, [&](auto secondStep) {
+                ReconstructPair<size>(first, firstStep, second, secondStep, previous.data());
+            });
+        });
+    });
+}
+
+void FilterPaethFour(const std::array<std::span<std::uint8_t>, 4>& rows,
+                     std::span<const std::uint8_t> previous, std::int32_t bytesPerPixel) {
+    const FourRows data = {rows[0].data(), rows[1].data(), rows[2].data(), rows[3].data()};
+    WithPixelSize(bytesPerPixel, [&](auto size) {
+        if constexpr (size <= 4) {
+            PaethFour<size>(data, previous.data(), previous.size());
+        } else {
+            ReconstructPair<size>(rows[0], PaethStep(), rows[1], PaethStep(), previous.data());
+            ReconstructPair<size>(rows[2], PaethStep(), rows[3], PaethStep(), rows[1].data());
+        }
+    });
+}
+
+} // namespace editor
+
+#endif
