@@ -108,7 +108,9 @@ void frmWaypoint::TakeKeyboard() {
 }
 
 void frmWaypoint::PaintPoints() {
-    PaintEntities(image_, mdlEdit, viewHost.editingMode(), curpoint);
+    // Before the selection is read: asking for the mode may change it.
+    const EditingMode mode = viewHost.editingMode();
+    PaintEntities(image_, mdlEdit, mode, curpoint);
     UpdateChanges();
 }
 
