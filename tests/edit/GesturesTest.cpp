@@ -1,0 +1,200 @@
+#include "edit/HitTest.h"
+#include "edit/ItemGestures.h"
+#include "edit/StartPointGestures.h"
+#include "edit/StickyPlace.h"
+#include "edit/WaypointGestures.h"
+
+#include <QStringList>
+
+#include <array>
+#include <gtest/gtest.h>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace editor {
+namespace {
+
+// The links of a graph as a text: a word for each waypoint with "target.flags" for each slot in
+// use, or "-". Waypoint i lies at (10 i, 0).
+LevelModel Graph(const std::string& text) {
+    LevelModel model;
+    for (const QString& word : QString::fromStdString(text).split(u' ', Qt::SkipEmptyParts)) {
+        WaypointRec& waypoint = model.WayPoints.at(static_cast<std::size_t>(model.NumWayPoints));
+        waypoint.X = static_cast<std::int16_t>(10 * model.NumWayPoints++);
+        waypoint.NumLinks = -1;
+        for (const QString& link : word == u'-' ? QStringList() : word.split(u',')) {
+            const auto slot = static_cast<std::size_t>(++waypoint.NumLinks);
+            waypoint.LinkDest.at(slot) = link.section(u'.', 0, 0).toShort();
+            waypoint.LinkFlags.at(slot) = link.section(u'.', 1).toShort();
+        }
+    }
+    return model;
+}
+
+std::string Text(const LevelModel& model) {
+    QStringList words;
+    for (int i = 0; i < model.NumWayPoints; ++i) {
+        const WaypointRec& waypoint = model.WayPoints.at(static_cast<std::size_t>(i));
+        QStringList links;
+        for (std::size_t j = 0; j < static_cast<std::size_t>(waypoint.NumLinks + 1); ++j) {
+            links +=
+                QStringLiteral("%1.%2").arg(waypoint.LinkDest.at(j)).arg(waypoint.LinkFlags[j]);
+        }
+        words += links.isEmpty() ? QStringLiteral("-") : links.join(u',');
+    }
+    return words.join(u' ').toStdString();
+}
+
+std::string Text(const GestureResult& result) {
+    return result.repaint ? "repaint" : result.message.toStdString();
+}
+
+TEST(HitTest, TakesLessThanFourLevelPixelsAtEveryZoom) {
+    using Row = std::tuple<float, float, float>; // zoom, a view position that misses, one that hits
+    for (const auto& [zoom, miss, hit] : {Row{1, 96, 96.1F}, Row{1, 104, 103.9F}, Row{2, 192, 193},
+                                          Row{2, 208, 207}, Row{0.25F, 24, 24.1F}}) {
+        EXPECT_TRUE(IsHit(ToLevel(hit, hit, zoom), 100, 100)) << hit;
+        EXPECT_FALSE(IsHit(ToLevel(miss, hit, zoom), 100, 100)) << miss;
+        EXPECT_FALSE(IsHit(ToLevel(hit, miss, zoom), 100, 100)) << miss;
+    }
+}
+
+TEST(Gestures, MoveToTheRoundedPointerWithoutLimitsButThoseOfSixteenBits) {
+    LevelModel model = Graph("- -");
+    model.NumItems = model.NumStartPoints = 1;
+    using Row = std::pair<float, std::int16_t>;
+    for (const auto& [at, stored] : {Row{2.5F, 2}, Row{3.5F, 4}, Row{-2.5F, -2}, Row{-3.5F, -4},
+                                     Row{40000, 32767}, Row{-1e9F, -32768}}) {
+        EXPECT_TRUE(MoveWaypoint(model, 1, {at, at}).repaint);
+        EXPECT_TRUE(MoveItem(model, 0, {at, at}).repaint);
+        EXPECT_TRUE(MoveStartPoint(model, 0, {at, at}).repaint);
+        EXPECT_EQ(model.WayPoints[1], (WaypointRec{stored, stored, 0, {}, {}, -1}));
+        EXPECT_EQ(model.Items[0], (ItemRec{stored, stored, 0, 0, {}, 0, 0, 0, 0}));
+        EXPECT_EQ(model.StartPoints[0], (StartPointRec{stored, stored}));
+    }
+    EXPECT_FALSE(MoveWaypoint(model, 2, {}).repaint || MoveItem(model, -1, {}).repaint);
+}
+
+TEST(WaypointGestures, SelectTheLastHitAndShowEachOneAfterTheOther) {
+    LevelModel model = Graph("- - - -");
+    model.WayPoints[2].X = 3;
+    std::int16_t curpoint = 1;
+    std::vector<std::pair<int, int>> shown;
+    const auto show = [&](int index) { shown.emplace_back(index, curpoint); };
+    SelectWaypoint(model, curpoint, {1, 0}, show);
+    SelectWaypoint(model, curpoint, {100, 0}, show);
+    EXPECT_EQ(shown, (std::vector<std::pair<int, int>>{{-1, -1}, {0, 0}, {2, 2}, {-1, -1}}));
+}
+
+TEST(WaypointGestures, LinkUnlinkOrRefuse) {
+    // The links of the selected waypoint 0, where the pointer is, the jump (1) and rope (2) boxes.
+    using Row = std::tuple<std::string, float, int, std::string, std::string>;
+    const char* tooMany = "Maximum number of links reached";
+    for (const auto& [before, x, boxes, after, result] :
+         {Row{"-", 30, 0, "3.0", "repaint"}, Row{"2.3", 30, 1, "2.3,3.1", "repaint"},
+          Row{"-", 35, 2, "3.2", "repaint"},
+          Row{"1.0,2.0,4.0", 30, 3, "1.0,2.0,4.0,3.3", "repaint"},
+          Row{"1.0,2.1,3.2,4.3", 20, 0, "1.0,4.3,3.2", "repaint"},
+          Row{"1.0,2.1,3.2,4.3,5.0", 10, 0, "5.0,2.1,3.2,4.3", "repaint"},
+          Row{"1.0,2.1,3.2,4.3", 50, 0, "1.0,2.1,3.2,4.3", tooMany}, Row{"3.0", 0, 0, "3.0", ""},
+          Row{"0.1,3.0", 0, 0, "3.0", "repaint"}}) {
+        LevelModel model = Graph(before + " - - - - -");
+        model.WayPoints[4].X = 36; // beside waypoint 3; the lowest index wins
+        std::int16_t curpoint = 0;
+        const WaypointChoices choices = {.jump = boxes % 2 == 1, .rope = boxes / 2 == 1};
+        EXPECT_EQ(Text(LinkOrCreateWaypoint(model, curpoint, {x - 2, 3}, choices)), result);
+        EXPECT_EQ(Text(model), after + " - - - - -");
+    }
+}
+
+TEST(WaypointGestures, CreateWithoutASelectionOrATarget) {
+    using Row = std::pair<std::int16_t, std::int16_t>; // the selection and where the pointer is
+    for (const auto& [selected, x] : {Row{-1, 0}, Row{2, 0}, Row{0, 5}}) {
+        LevelModel model = Graph("1.1 -");
+        model.WayPoints[2] = {0, 0, 7, {9, 8}, {}, 1};
+        std::int16_t curpoint = selected;
+        const LevelPoint pointer = {static_cast<float>(x), 2};
+        EXPECT_TRUE(LinkOrCreateWaypoint(model, curpoint, pointer, {.reload = true}).repaint);
+        EXPECT_EQ(model.WayPoints[2], (WaypointRec{x, 2, ReloadWaypoint, {9, 8}, {}, -1}));
+        EXPECT_EQ(Text(model), "1.1 - -");
+        EXPECT_EQ(curpoint, 2);
+    }
+}
+
+TEST(WaypointGestures, DeletingFixesTheLinksToTheRemovedAndToTheMovedWaypoint) {
+    using Row = std::tuple<std::int16_t, const char*, const char*>;
+    for (const auto& [removed, before, after] :
+         {// A link to the removed one goes, one to the moved one follows it, of both one stays.
+          Row{2, "2.1 4.2 0.0 2.1,4.2 1.3", "- 2.2 1.3 2.2"},
+          // What takes a freed slot is looked at too; what was renumbered is not.
+          Row{0, "- 0.0,1.1,0.2 3.1,0.0 -", "- 1.1 0.1"},
+          // The moved waypoint carries links that need both.
+          Row{1, "- - - 1.0,2.1,3.2,0.3", "- 0.3,2.1,1.2 -"}, Row{2, "2.0,1.1 2.2 0.0", "1.1 -"},
+          Row{0, "0.1", ""}}) {
+        LevelModel model = Graph(before);
+        std::int16_t curpoint = removed;
+        EXPECT_TRUE(DeleteWaypoint(model, curpoint).repaint);
+        EXPECT_EQ(Text(model), after);
+        EXPECT_FALSE(DeleteWaypoint(model, curpoint).repaint) << "nothing is selected any more";
+    }
+}
+
+TEST(Gestures, SelectTheFirstItemAndTheLastStartPoint) {
+    LevelModel model;
+    model.NumItems = model.NumStartPoints = 3;
+    model.Items[0].PosX = model.StartPoints[0].X = 50;
+    model.Items[1].Name = QStringLiteral("first");
+    std::int16_t curpoint = 0;
+    ItemRec shown;
+    const auto select = [&](const LevelPoint& point) {
+        SelectItem(model, curpoint, point, [&shown](const ItemRec& item) { shown = item; });
+        const int item = curpoint;
+        SelectStartPoint(model, curpoint, point);
+        return std::pair<int, int>(item, curpoint);
+    };
+    EXPECT_EQ(select({3, 3}), (std::pair{1, 2}));
+    EXPECT_EQ(shown, model.Items[1]);
+    EXPECT_EQ(select({3, 4}), (std::pair{-1, -1}));
+    EXPECT_EQ(shown, StandardItemSettings());
+}
+
+TEST(Gestures, CreateOnTopUntilTheTableIsFullAndDeleteByTheLast) {
+    LevelModel model;
+    model.NumItems = model.NumStartPoints = -3; // a file may hold that; it counts as none
+    std::int16_t curpoint = -1;
+    const auto create = [&](std::int16_t i) {
+        const ItemRec settings = {99, 99, i, 0, {}, 0, 0, 0, 0};
+        return Text(CreateItem(model, curpoint, {2.5F, 3.5F}, settings)) + " - " +
+               Text(CreateStartPoint(model, curpoint, {static_cast<float>(i), 3.5F}));
+    };
+    for (std::int16_t i = 0; i < MaxItems; ++i) {
+        EXPECT_EQ(create(i), "repaint - repaint");
+        EXPECT_EQ(curpoint, i);
+    }
+    EXPECT_EQ(create(77), "Maximum number of items reached (51) - "
+                          "Maximum number of start points reached (51)");
+    for (curpoint = 0; DeleteItem(model, curpoint).repaint; curpoint = 40) {
+    }
+    curpoint = 0;
+    EXPECT_TRUE(DeleteStartPoint(model, curpoint).repaint);
+    EXPECT_EQ(curpoint, -1);
+    EXPECT_EQ(model.NumItems, 40);
+    EXPECT_EQ(model.Items[0], (ItemRec{2, 4, 50, 0, {}, 0, 0, 0, 0}));
+    EXPECT_EQ(model.NumStartPoints, 50);
+    EXPECT_EQ(model.StartPoints[0], (StartPointRec{50, 4}));
+}
+
+TEST(StickyPlace, MovesOnlyToBringAnOuterEdgeIntoSight) {
+    using Row = std::array<int, 5>;
+    for (const auto& [place, moved, size, room, expected] :
+         {Row{100, -40, 50, 200, 100}, Row{100, 40, 50, 200, 100}, Row{170, -5, 50, 200, 165},
+          Row{170, -40, 50, 200, 150}, Row{-30, 40, 50, 200, 0}, Row{0, -500, 300, 200, -100},
+          Row{-100, 30, 300, 200, -70}}) {
+        EXPECT_EQ(StickyPlace(place, moved, size, room), expected);
+    }
+}
+
+} // namespace
+} // namespace editor
