@@ -1,0 +1,7 @@
+#include "edit/EditHost.h"
+
+namespace editor {
+
+EditHost editHost;
+
+} // namespace editor

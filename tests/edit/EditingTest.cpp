@@ -1,0 +1,317 @@
+#include "model/mdlEdit.h"
+#include "support/EditorFixture.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTest>
+
+#include <utility>
+
+namespace editor {
+namespace {
+
+constexpr QPointF Far(300, 200); // from every entity of these tests
+
+class Editing : public test::EditorFixture {
+  protected:
+    Editing() { ShowLevel(400, 300); }
+
+    void SetMode(const char* option) { Setting<QRadioButton>(option).click(); }
+
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(view().widget(), key, modifiers);
+    }
+
+    void SetWaypoints(const QList<WaypointRec>& waypoints) {
+        std::copy(waypoints.begin(), waypoints.end(), mdlEdit.WayPoints.begin());
+        mdlEdit.NumWayPoints = static_cast<int>(waypoints.size());
+        SetMode("optStart");
+        SetMode("optWaypoints");
+    }
+
+    void SetItems(const QList<ItemRec>& items) {
+        std::copy(items.begin(), items.end(), mdlEdit.Items.begin());
+        mdlEdit.NumItems = static_cast<std::int16_t>(items.size());
+        SetMode("optItems");
+    }
+
+    /// The item fields from top to bottom.
+    std::string ItemFields() {
+        QStringList texts = {Setting<QLineEdit>("txtName").text(),
+                             Setting<QComboBox>("cmbType").currentText()};
+        for (const char* name : {"txtAmount", "txtRespawn", "txtBounce", "txtDist", "txtGravity"}) {
+            texts += Setting<QLineEdit>(name).text();
+        }
+        return texts.join(u'|').toStdString();
+    }
+};
+
+TEST_F(Editing, AWaypointPressShowsEachHitAndTheBoxRewritesTheFlagsWhenItChanges) {
+    using Flags = std::vector<std::int16_t>;
+    const auto press = [this](bool box, Flags flags) {
+        QList<WaypointRec> waypoints;
+        for (const std::int16_t of : flags) {
+            waypoints += {0, 0, of, {}, {}, -1};
+        }
+        SetWaypoints(waypoints);
+        Setting<QAbstractButton>("chkReload").setChecked(box);
+        Press(Qt::LeftButton, {1, 1});
+        for (std::size_t i = 0; i < flags.size(); ++i) {
+            flags[i] = mdlEdit.WayPoints.at(i).Flags;
+        }
+        return flags;
+    };
+    const auto caption = [this] { return Setting<QGroupBox>("fraWaypoint").title().toStdString(); };
+    EXPECT_EQ(press(false, {3}), Flags{1});
+    EXPECT_EQ(press(true, {3}), Flags{3});
+    EXPECT_EQ(press(false, {3, 2, 4, 7}), (Flags{1, 0, 4, 1}));
+    EXPECT_EQ(caption(), "Waypoint 3");
+    Press(Qt::LeftButton, Far);
+    EXPECT_EQ(caption(), "Waypoint");
+    Release(Qt::RightButton, {1, 1});
+    EXPECT_EQ(mdlEdit.WayPoints[4].Flags, ReloadWaypoint) << "the box was left as it was";
+    EXPECT_EQ(caption(), "Waypoint");
+    Setting<QAbstractButton>("chkReload").click();
+    EXPECT_EQ(mdlEdit.WayPoints[4].Flags, 0);
+}
+
+TEST_F(Editing, ButtonMasksAreComparedForEquality) {
+    SetWaypoints({{10, 10, 0, {}, {}, -1}, {50, 10, 0, {}, {}, -1}});
+    Press(Qt::RightButton, {50, 10});
+    EXPECT_EQ(view().curpoint, -1);
+    Press(Qt::LeftButton, {50, 10});
+    Press(Qt::RightButton, {10, 10});
+    Press(Qt::MiddleButton, Far);
+    const QImage selected = Drawn();
+    for (const int held : {0, 3, 4, 5}) {
+        Move(Qt::MouseButtons(held), {90, 90});
+    }
+    EXPECT_EQ(Drawn(), selected) << "neither a drag nor a rubber band";
+    Release(Qt::LeftButton, {10, 10});
+    Release(Qt::RightButton, {10, 10});
+    EXPECT_EQ(mdlEdit.WayPoints[1], (WaypointRec{50, 10, 0, {0}, {0}, 0})) << "each one counts";
+    Move(Qt::LeftButton, {-70, 2000});
+    EXPECT_EQ(mdlEdit.WayPoints[1], (WaypointRec{-70, 2000, 0, {0}, {0}, 0}));
+}
+
+TEST_F(Editing, TheRubberBandStaysUntilARepaintAlsoWhenALinkIsRefused) {
+    SetWaypoints(QList<WaypointRec>(MaxWayPoints, {10, 10, 0, {7, 8, 9, 10}, {}, 3}));
+    Press(Qt::LeftButton, {10, 10}); // selects the last one
+    Key(Qt::Key_Plus, Qt::KeypadModifier);
+    const QImage without = Drawn();
+    Move(Qt::RightButton, {20, 200});
+    Move(Qt::RightButton, {120, 20});
+    const QImage with = Drawn();
+    EXPECT_EQ(with.pixel(70, 19), 0xff000000) << "black and three pixels wide";
+    EXPECT_EQ(with.pixel(70, 21), 0xff000000);
+    EXPECT_EQ(with.pixel(20, 100), without.pixel(20, 100)) << "only the last one is seen";
+    Release(Qt::RightButton, {20, 20}); // on waypoint 0
+    Release(Qt::RightButton, Far);
+    EXPECT_EQ(Drawn(), with);
+    EXPECT_EQ(messages.join(u'|').toStdString(), "Maximum number of links reached|"
+                                                 "Maximum number of waypoints reached (201)");
+    Release(Qt::MiddleButton, Far);
+    EXPECT_EQ(Drawn(), without);
+    SetMode("optStart");
+    Release(Qt::RightButton, Far);
+    const QImage startPoint = Drawn();
+    Move(Qt::RightButton, {120, 20});
+    EXPECT_EQ(Drawn(), startPoint) << "only waypoints are linked";
+}
+
+TEST_F(Editing, AnItemTakesItsSettingsFromTheWindowAndGivesThemToIt) {
+    SetMode("optItems");
+    Release(Qt::RightButton, {10, 10});
+    EXPECT_EQ(mdlEdit.Items[0], (ItemRec{10, 10, 0, 0, {}, 0, 0, 0, 0}));
+    Press(Qt::LeftButton, Far);
+    EXPECT_EQ(ItemFields(), "|MEDIKIT|1|600|500|0|50");
+    Release(Qt::RightButton, {50, 10});
+    EXPECT_EQ(mdlEdit.Items[1], (ItemRec{50, 10, 0, 1, {}, 600, 500, 50, 0}));
+
+    const ItemRec other = {90, 10, 4, -7, QStringLiteral("a & b"), 11, 12, 13, -32768};
+    mdlEdit.Items[1] = other;
+    QTest::mouseDClick(view().widget(), Qt::LeftButton, {}, {90, 10}); // a press like any other
+    EXPECT_EQ(mdlEdit.Items[1], other);
+    Key(Qt::Key_Delete);
+    SetMode("optStart");
+    EXPECT_EQ(ItemFields(), "a & b|KICKERPAD|-7|11|12|-32768|13");
+}
+
+TEST_F(Editing, ATypeWithoutAnEntryStaysUntilOneIsChosen) {
+    SetItems({{10, 0, 7, 1, {}, 0, 0, 0, 0}, {50, 0, -1, 2, {}, 0, 0, 0, 0}});
+    for (const double x : {10, 50, 10}) {
+        Press(Qt::LeftButton, {x, 0});
+        EXPECT_EQ(Setting<QComboBox>("cmbType").currentIndex(), -1);
+        EXPECT_EQ(mdlEdit.Items[0].Type, 7);
+    }
+    Setting<QComboBox>("cmbType").setCurrentIndex(4);
+    EXPECT_EQ(mdlEdit.Items[0].Type, 4);
+    Press(Qt::LeftButton, {50, 0});
+    Release(Qt::RightButton, {90, 0});
+    EXPECT_EQ(mdlEdit.Items[1].Type, -1);
+    EXPECT_EQ(mdlEdit.Items[2].Type, 0) << "nothing is chosen";
+}
+
+TEST_F(Editing, EveryKeystrokeWritesTheFieldOfTheSelectedItem) {
+    SetItems({{10, 0, 0, 5, {}, 0, 0, 0, 0}});
+    auto& txtName = Setting<QLineEdit>("txtName");
+    auto& txtAmount = Setting<QLineEdit>("txtAmount");
+    const auto type = [&txtAmount](const char* text) {
+        txtAmount.clear();
+        QTest::keyClicks(&txtAmount, QString::fromLatin1(text));
+        EXPECT_EQ(txtAmount.text(), QString::fromLatin1(text));
+        return mdlEdit.Items[0].Amount;
+    };
+    EXPECT_EQ(type("9"), 5) << "nothing is selected";
+    Press(Qt::LeftButton, {10, 0});
+    using Row = std::pair<const char*, int>;
+    for (const auto& [text, value] :
+         {Row{"75", 75}, Row{"12abc", 12}, Row{"", 0}, Row{"2.5", 2}, Row{"-3.5", -4},
+          Row{"-1e999", -32768}, Row{"&HFFFF", 32767}}) {
+        EXPECT_EQ(type(text), value) << text;
+    }
+    for (const char* name : {"txtRespawn", "txtBounce", "txtGravity", "txtDist"}) {
+        Setting<QLineEdit>(name).setText(QString::number(qstrlen(name)));
+    }
+    QApplication::clipboard()->setText(QStringLiteral("two\nlines"));
+    txtName.clear();
+    txtName.paste();
+    QTest::keyClick(&txtName, Qt::Key_Delete);
+    EXPECT_EQ(mdlEdit.NumItems, 1);
+    EXPECT_EQ(mdlEdit.Items[0],
+              (ItemRec{10, 0, 0, 32767, QStringLiteral("two lines"), 10, 9, 10, 7}));
+}
+
+TEST_F(Editing, AModeShowsItsPanelAloneAndSelectsNothing) {
+    SetWaypoints({{}});
+    SetItems({{0, 0, 2, 0, {}, 0, 0, 0, 0}});
+    mdlEdit.NumStartPoints = 1;
+    using Mode = std::pair<const char*, const char*>;
+    const auto modes = {Mode{"optWaypoints", "tabWaypoint"}, Mode{"optItems", "tabObjects"},
+                        Mode{"optStart", "tabSpawnPoints"}};
+    QImage before;
+    for (const auto& [option, panel] : modes) {
+        SetMode(option);
+        EXPECT_EQ(view().curpoint, -1);
+        EXPECT_NE(std::exchange(before, Drawn()), Drawn());
+        for (const auto& [otherOption, other] : modes) {
+            EXPECT_EQ(Setting<QWidget>(other).isVisible(), other == panel);
+        }
+        Press(Qt::LeftButton, {1, 1});
+        SetMode(option);
+        EXPECT_EQ(view().curpoint, 0) << "the option was on already";
+    }
+    // With a start point selected the controls of the other panels change nothing.
+    const WaypointRec waypoint = mdlEdit.WayPoints[0];
+    const ItemRec item = mdlEdit.Items[0];
+    Setting<QAbstractButton>("chkReload").toggle();
+    Setting<QComboBox>("cmbType").setCurrentIndex(3);
+    Setting<QLineEdit>("txtName").setText(QStringLiteral("other"));
+    EXPECT_EQ(mdlEdit.WayPoints[0], waypoint);
+    EXPECT_EQ(mdlEdit.Items[0], item);
+}
+
+TEST_F(Editing, OnlyTheKeypadZoomsAndTheSelectionStays) {
+    mdlEdit.NumStartPoints = 1;
+    Press(Qt::LeftButton, {0, 0});
+    Key(Qt::Key_Plus);
+    Key(Qt::Key_Minus, Qt::ShiftModifier);
+    using Row = std::pair<Qt::Key, float>;
+    const Qt::Key plus = Qt::Key_Plus;
+    const Qt::Key minus = Qt::Key_Minus;
+    for (const auto& [key, zoom] :
+         {Row{plus, 2}, Row{plus, 4}, Row{plus, 8}, Row{plus, 8}, Row{minus, 4}, Row{minus, 2},
+          Row{minus, 1}, Row{minus, 0.5F}, Row{minus, 0.25F}, Row{minus, 0.25F}}) {
+        Key(key, Qt::KeypadModifier);
+        EXPECT_EQ(mdlEdit.Zoom, zoom);
+        EXPECT_EQ(view().ClientSize(), QSize(400, 300) * zoom);
+        EXPECT_EQ(Drawn().pixelColor(view().ClientSize().width() - 1, 9), QColor(Qt::darkGreen));
+    }
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(mdlEdit.NumStartPoints, 0);
+}
+
+TEST_F(Editing, ASettingsWindowMadeAnewCountsAsAChangeOfTheMode) {
+    SetItems({{10, 0, 4, 5, {}, 0, 0, 0, 0}});
+    Press(Qt::LeftButton, {10, 0});
+    const QImage items = Drawn();
+    settings().close();
+    Move(Qt::LeftButton, {90, 0});
+    EXPECT_EQ(view().curpoint, -1);
+    EXPECT_NE(Drawn(), items) << "start points are seen at once";
+    EXPECT_FALSE(settings().isVisible());
+    EXPECT_TRUE(Setting<QRadioButton>("optStart").isChecked());
+    EXPECT_EQ(ItemFields(), "|MEDIKIT|||||");
+    EXPECT_EQ(mdlEdit.Items[0].Type, 4);
+}
+
+TEST_F(Editing, TabGoesInReadingOrderAndEnterEscAndAPassingWheelDoNothing) {
+    area.setActiveSubWindow(&settings());
+    QObject::connect(&Setting<QLineEdit>("txtName"), &QLineEdit::returnPressed, &area,
+                     [] { ADD_FAILURE() << "Enter reached a text box"; });
+    const auto tabbed = [this](const char* first) {
+        SetMode(first);
+        Setting<QWidget>(first).setFocus();
+        QString names;
+        do {
+            QWidget* control = QApplication::focusWidget();
+            names += control->objectName() + u' ';
+            EXPECT_FALSE(control->accessibleName().isEmpty());
+            for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Tab}) {
+                QTest::keyClick(control, key);
+            }
+        } while (names.size() < 200 && QApplication::focusWidget() != &Setting<QWidget>(first));
+        return names.toStdString();
+    };
+    EXPECT_EQ(tabbed("optWaypoints"), "optWaypoints chkReload chkJump chkRope ");
+    EXPECT_EQ(tabbed("optItems"),
+              "optItems txtName cmbType txtAmount txtRespawn txtBounce txtDist txtGravity ");
+    auto& cmbType = Setting<QComboBox>("cmbType");
+    for (const int index : {0, 1}) {
+        QWheelEvent down({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&cmbType, &down);
+        EXPECT_EQ(cmbType.currentIndex(), index);
+        cmbType.setFocus();
+    }
+}
+
+TEST_F(Editing, NoCaptionIsClippedAndAllLiesInsideTheWindow) {
+    EXPECT_EQ(settings().widget()->size(), QSize(238, 293));
+    for (QWidget* control : settings().widget()->findChildren<QWidget*>()) {
+        EXPECT_TRUE(control->parentWidget()->rect().contains(control->geometry()));
+        const bool button = qobject_cast<QAbstractButton*>(control) != nullptr;
+        if (button || qobject_cast<QLabel*>(control)) {
+            const int indicator = button ? 13 + 3 : 0; // with the space behind it
+            const QString caption = control->property("text").toString();
+            EXPECT_LE(indicator + control->fontMetrics().horizontalAdvance(caption),
+                      control->width())
+                << caption.toStdString();
+        }
+    }
+}
+
+TEST_F(Editing, TheSettingsStayAboveTheViewAndInTheirPlace) {
+    ShowLevel(2000, 1500);
+    const QPoint centre = settings().geometry().center();
+    EXPECT_TRUE(view().geometry().contains(centre));
+    EXPECT_TRUE(settings().isAncestorOf(area.viewport()->childAt(centre)));
+    const QPoint place = settings().pos();
+    for (const bool hidden : {false, true}) {
+        settings().setHidden(hidden);
+        area.verticalScrollBar()->setValue(200);
+        area.horizontalScrollBar()->setValue(300);
+        EXPECT_EQ(view().pos(), QPoint(-300, -200));
+        EXPECT_EQ(settings().pos(), place);
+        area.horizontalScrollBar()->setValue(0);
+        area.verticalScrollBar()->setValue(0);
+    }
+}
+
+} // namespace
+} // namespace editor
