@@ -1,6 +1,5 @@
 #include "edit/frmWaypointSettings.h"
 
-#include "edit/StickyPlace.h"
 #include "model/FieldValue.h"
 #include "platform/Layout.h"
 #include "platform/Rounding.h"
@@ -12,9 +11,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMdiArea>
 #include <QRadioButton>
-#include <QScrollBar>
 
 #include <algorithm>
 #include <utility>
@@ -128,14 +125,12 @@ QWidget* AddPanel(const char* name, const char* accessibleName, QWidget* parent,
 
 frmWaypointSettings::frmWaypointSettings(QMdiArea& area)
     : MdiForm(area, QStringLiteral("Entity settings"), new QWidget) {
-    setWindowFlag(Qt::WindowStaysOnTopHint);
     BuildModeRow();
     BuildSpawnPointPanel();
     BuildObjectPanel();
     BuildWaypointPanel();
     quietControls_.InstallOn(*this);
     FixClientSize(QSize(Twips(ClientWidth), Twips(ClientHeight)));
-    KeepPlaceWhenScrolled();
     Form_Load();
     ConnectHandlers();
 }
@@ -213,34 +208,6 @@ void frmWaypointSettings::ConnectHandlers() {
     onSwitchedOn(optWaypoints, &Self::optWaypoints_Click);
     onSwitchedOn(optItems, &Self::optItems_Click);
     onSwitchedOn(optStart, &Self::optStart_Click);
-}
-
-void frmWaypointSettings::KeepPlaceWhenScrolled() {
-    QScrollBar* across = mdiArea()->horizontalScrollBar();
-    QScrollBar* down = mdiArea()->verticalScrollBar();
-    scrolled_ = QPoint(across->value(), down->value());
-    // The area has moved all its windows by then.
-    const auto moveBack = [this, across, down] {
-        const QPoint moved = scrolled_ - QPoint(across->value(), down->value());
-        scrolled_ -= moved;
-        const QPoint before = pos() - moved;
-        const QSize room = mdiArea()->viewport()->size();
-        move(StickyPlace(before.x(), moved.x(), width(), room.width()),
-             StickyPlace(before.y(), moved.y(), height(), room.height()));
-    };
-    connect(across, &QScrollBar::valueChanged, this, moveBack);
-    connect(down, &QScrollBar::valueChanged, this, moveBack);
-}
-
-// At first in the top right corner, where a level's picture is covered last, beside the scroll bar
-// that a large picture brings.
-void frmWaypointSettings::showEvent(QShowEvent* event) {
-    if (!wasShown_) {
-        wasShown_ = true;
-        const int scrollBar = mdiArea()->verticalScrollBar()->sizeHint().width();
-        move(std::max(0, mdiArea()->contentsRect().width() - scrollBar - width()), 0);
-    }
-    MdiForm::showEvent(event);
 }
 
 EditingMode frmWaypointSettings::Mode() const {

@@ -6,8 +6,6 @@
 #include "model/mdlEdit.h"
 #include "platform/MdiForm.h"
 
-#include <QPoint>
-
 #include <array>
 #include <cstdint>
 
@@ -48,9 +46,6 @@ class frmWaypointSettings : public MdiForm {
     /// What the item fields show, without a position; the first type when none is chosen.
     [[nodiscard]] ItemRec ShownItem() const;
 
-  protected:
-    void showEvent(QShowEvent* event) override;
-
   private:
     static constexpr int NumHelpLabels = 12;
 
@@ -72,7 +67,6 @@ class frmWaypointSettings : public MdiForm {
     void BuildObjectPanel();
     void BuildWaypointPanel();
     void ConnectHandlers();
-    void KeepPlaceWhenScrolled();
 
     void ChangeMode(const QWidget* front);
     [[nodiscard]] ItemRec* SelectedItem() const;
@@ -101,8 +95,6 @@ class frmWaypointSettings : public MdiForm {
     QLineEdit* txtGravity = nullptr;
 
     QuietControls quietControls_;
-    QPoint scrolled_; // the values of the area's scroll bars
-    bool wasShown_ = false;
     bool unpainted_ = true;
 };
 

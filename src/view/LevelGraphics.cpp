@@ -9,7 +9,7 @@
 #include "view/ViewHost.h"
 #include "view/frmWaypoint.h"
 
-#include <QFile>
+#include <QFileInfo>
 
 #include <exception>
 #include <stdexcept>
@@ -79,7 +79,7 @@ void LoadGraphics() {
 
 void LoadPNGPicture(const QString& path, Picture& target) {
     cPNG png;
-    if (png.LoadPNGFile(QFile::encodeName(path).toStdString()) != 0) {
+    if (png.LoadPNGFile(QFileInfo(path).filesystemFilePath()) != 0) {
         throw std::runtime_error("not an acceptable PNG file");
     }
     if (png.Width() > MaximumPictureSide || png.Height() > MaximumPictureSide) {

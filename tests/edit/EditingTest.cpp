@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QTest>
 
 #include <utility>
@@ -293,23 +292,6 @@ TEST_F(Editing, NoCaptionIsClippedAndAllLiesInsideTheWindow) {
                       control->width())
                 << caption.toStdString();
         }
-    }
-}
-
-TEST_F(Editing, TheSettingsStayAboveTheViewAndInTheirPlace) {
-    ShowLevel(2000, 1500);
-    const QPoint centre = settings().geometry().center();
-    EXPECT_TRUE(view().geometry().contains(centre));
-    EXPECT_TRUE(settings().isAncestorOf(area.viewport()->childAt(centre)));
-    const QPoint place = settings().pos();
-    for (const bool hidden : {false, true}) {
-        settings().setHidden(hidden);
-        area.verticalScrollBar()->setValue(200);
-        area.horizontalScrollBar()->setValue(300);
-        EXPECT_EQ(view().pos(), QPoint(-300, -200));
-        EXPECT_EQ(settings().pos(), place);
-        area.horizontalScrollBar()->setValue(0);
-        area.verticalScrollBar()->setValue(0);
     }
 }
 

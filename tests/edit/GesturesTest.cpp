@@ -1,7 +1,6 @@
 #include "edit/HitTest.h"
 #include "edit/ItemGestures.h"
 #include "edit/StartPointGestures.h"
-#include "edit/StickyPlace.h"
 #include "edit/WaypointGestures.h"
 
 #include <QStringList>
@@ -184,16 +183,6 @@ TEST(Gestures, CreateOnTopUntilTheTableIsFullAndDeleteByTheLast) {
     EXPECT_EQ(model.Items[0], (ItemRec{2, 4, 50, 0, {}, 0, 0, 0, 0}));
     EXPECT_EQ(model.NumStartPoints, 50);
     EXPECT_EQ(model.StartPoints[0], (StartPointRec{50, 4}));
-}
-
-TEST(StickyPlace, MovesOnlyToBringAnOuterEdgeIntoSight) {
-    using Row = std::array<int, 5>;
-    for (const auto& [place, moved, size, room, expected] :
-         {Row{100, -40, 50, 200, 100}, Row{100, 40, 50, 200, 100}, Row{170, -5, 50, 200, 165},
-          Row{170, -40, 50, 200, 150}, Row{-30, 40, 50, 200, 0}, Row{0, -500, 300, 200, -100},
-          Row{-100, 30, 300, 200, -70}}) {
-        EXPECT_EQ(StickyPlace(place, moved, size, room), expected);
-    }
 }
 
 } // namespace

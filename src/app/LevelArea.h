@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QMdiArea>
+#include <QPointer>
+
+#include <vector>
+
+namespace editor {
+
+class MdiForm;
+
+/// Where a pinned window goes, on one axis and in pixels, when the contents of the area around it
+/// move: it stays, unless one of its edges lies outside the area and the movement brings that edge
+/// into sight. So all of it can be reached in an area that is too small for it. `place` is its
+/// position before, `moved` how far the contents go, `size` its size, `room` the area's.
+[[nodiscard]] int PinnedPlace(int place, int moved, int size, int room);
+
+/// The inside of the main window. It scrolls, so that every part of a large view can be reached;
+/// pinned windows stay above the others and in their place while it does.
+class LevelArea : public QMdiArea {
+    Q_OBJECT
+
+  public:
+    explicit LevelArea(QWidget* parent);
+
+    /// Keeps `form` on top and in its place from now on.
+    void Pin(MdiForm& form);
+
+  protected:
+    void scrollContentsBy(int dx, int dy) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    template <class Action>
+    void ForEachPinned(Action action);
+
+    std::vector<QPointer<MdiForm>> pinned_;
+};
+
+} // namespace editor

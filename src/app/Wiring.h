@@ -1,0 +1,23 @@
+#pragma once
+
+class QMdiArea;
+
+namespace editor {
+
+class LevelArea;
+class frmLevel;
+class frmMain;
+class frmWaypoint;
+class frmWaypointSettings;
+
+// The one place in which the windows are wired to each other.
+
+/// Fills what the lower rooms ask of the windows around them.
+void WireWindows(frmMain& main);
+
+/// A new window in the area, hidden, its events connected to those who answer them.
+[[nodiscard]] frmWaypoint* MakeMapView(LevelArea& area);
+[[nodiscard]] frmWaypointSettings* MakeEntitySettings(LevelArea& area);
+[[nodiscard]] frmLevel* MakeLevelSettings(LevelArea& area);
+
+} // namespace editor

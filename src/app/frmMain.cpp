@@ -1,0 +1,222 @@
+#include "app/frmMain.h"
+
+#include "app/Wiring.h"
+#include "dialogs/frmAbout.h"
+#include "model/LevelFiles.h"
+#include "model/mdlEdit.h"
+#include "platform/Dialogs.h"
+#include "platform/FileNames.h"
+#include "platform/Layout.h"
+#include "platform/RegularFile.h"
+#include "view/LevelGraphics.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStyle>
+
+namespace editor {
+namespace {
+
+// The size of the area at start, in twips.
+constexpr int InitialWidth = 7200;
+constexpr int InitialHeight = 4380;
+
+} // namespace
+
+frmMain::frmMain()
+    : mapView([this] { return MakeMapView(*area_); }),
+      entitySettings([this] { return MakeEntitySettings(*area_); }),
+      levelSettings([this] { return MakeLevelSettings(*area_); }), area_(new LevelArea(this)) {
+    setWindowTitle(QStringLiteral("Torvak! Level editor"));
+    setCentralWidget(area_);
+    MakeMenus();
+    ensurePolished();
+    resize(Twips(InitialWidth),
+           Twips(InitialHeight) + menuBar()->heightForWidth(Twips(InitialWidth)));
+    WireWindows(*this);
+    MDIForm_Load();
+}
+
+void frmMain::MakeMenus() {
+    const auto add = [this](QMenu* menu, const char* name, const QString& text,
+                            const QKeySequence& shortcut, void (frmMain::*handler)()) {
+        QAction* entry = menu->addAction(text);
+        entry->setObjectName(QLatin1String(name));
+        entry->setShortcut(shortcut);
+        if (handler != nullptr) {
+            connect(entry, &QAction::triggered, this, handler);
+        }
+        return entry;
+    };
+    const auto addMenu = [this](const char* name, const QString& text) {
+        QMenu* menu = menuBar()->addMenu(text);
+        menu->setObjectName(QLatin1String(name));
+        return menu;
+    };
+
+    QMenu* mnuLevel = addMenu("mnuLevel", QStringLiteral("&Level"));
+    add(mnuLevel, "mnuLevNew", QStringLiteral("&New"), Qt::CTRL | Qt::Key_N,
+        &frmMain::mnuLevNew_Click);
+    mnuLevel->addSeparator()->setObjectName(QStringLiteral("mnuLevSep"));
+    add(mnuLevel, "mnuLevOpen", QStringLiteral("&Open"), Qt::CTRL | Qt::Key_O,
+        &frmMain::mnuLevOpen_Click);
+    add(mnuLevel, "mnuSave", QStringLiteral("&Save"), Qt::CTRL | Qt::Key_S,
+        &frmMain::mnuSave_Click);
+
+    QMenu* mnuWindows = addMenu("mnuWindows", QStringLiteral("&Windows"));
+    mnuLevSettings = add(mnuWindows, "mnuLevSettings", QStringLiteral("Level &settings"),
+                         Qt::Key_F5, &frmMain::mnuLevSettings_Click);
+    mnuLevWay = add(mnuWindows, "mnuLevWay", QStringLiteral("Level &items"), Qt::Key_F7,
+                    &frmMain::mnuLevWay_Click);
+    mnuLevSettings->setCheckable(true);
+    mnuLevWay->setCheckable(true);
+
+    QMenu* mnuHelp = addMenu("mnuHelp", QStringLiteral("&Help"));
+    add(mnuHelp, "mnuHelpIndex", QStringLiteral("&Index"), Qt::Key_F1, nullptr);
+    mnuHelp->addSeparator()->setObjectName(QStringLiteral("mnuHelpSep"));
+    add(mnuHelp, "mnuHelpAbout", QStringLiteral("&About"), Qt::SHIFT | Qt::Key_F1,
+        &frmMain::mnuHelpAbout_Click);
+}
+
+void frmMain::MDIForm_Load() {
+    mdlEdit.Zoom = 1;
+    // A window is made hidden by its first use.
+    static_cast<void>(levelSettings());
+    static_cast<void>(mapView());
+    mnuLevSettings->setEnabled(false);
+    mnuLevWay->setEnabled(false);
+}
+
+void frmMain::SetMenus() {
+    mnuLevSettings->setEnabled(true);
+    mnuLevWay->setEnabled(mdlEdit.GraphicsLoaded);
+    if (!mdlEdit.GraphicsLoaded) {
+        mdlEdit.LevelWidth = -1;
+        mdlEdit.LevelHeight = -1;
+        if (frmWaypoint* view = mapView.Existing()) {
+            view->hide();
+        }
+    }
+}
+
+QString frmMain::BrowseFolder(const QString& title) {
+    return dialogs().browseForFolder(this, title);
+}
+
+void frmMain::mnuLevNew_Click() {
+    const QString folder = BrowseFolder(QStringLiteral("Please select the destination folder"));
+    if (folder.isEmpty()) {
+        return;
+    }
+    if (IsRegularFile(FindInFolder(folder, QStringLiteral("level.cfg")))) {
+        MsgBox(this, QStringLiteral("This folder seems to be already used. Please use \"Open\""));
+        return;
+    }
+    mdlEdit.LevelPath = folder;
+    mdlEdit.GraphicsLoaded = false;
+    SetMenus();
+    mdlEdit.NumStartPoints = 0;
+    mdlEdit.NumItems = 0;
+    mdlEdit.NumWayPoints = 0;
+    mdlEdit.LevelWidth = -1;
+    mdlEdit.LevelHeight = -1;
+    ClearSelection();
+    ShowPinned(levelSettings(), Qt::TopLeftCorner);
+    mnuLevSettings->setChecked(true);
+}
+
+void frmMain::mnuLevOpen_Click() {
+    const QString folder = BrowseFolder(QStringLiteral("Please select the level folder"));
+    if (folder.isEmpty()) {
+        return;
+    }
+    const QString before = std::exchange(mdlEdit.LevelPath, folder);
+    if (const auto error = LoadLevel(LoadGraphics)) {
+        mdlEdit.LevelPath = before;
+        MsgBox(this, *error);
+        return;
+    }
+    ClearSelection();
+    SetMenus();
+}
+
+void frmMain::mnuSave_Click() {
+    if (const auto error = SaveLevel()) {
+        MsgBox(this, *error);
+    }
+}
+
+// The entry toggled its check mark before it called.
+void frmMain::mnuLevSettings_Click() {
+    if (mnuLevSettings->isChecked()) {
+        ShowPinned(levelSettings(), Qt::TopLeftCorner);
+        levelSettings().Init();
+    } else {
+        levelSettings().hide();
+    }
+}
+
+void frmMain::mnuLevWay_Click() {
+    const bool visible = mnuLevWay->isChecked();
+    mapView().setVisible(visible);
+    if (visible) {
+        ShowEntitySettings();
+        mapView().Init();
+    } else {
+        HideEntitySettings();
+    }
+}
+
+void frmMain::mnuHelpAbout_Click() {
+    frmAbout(this).exec();
+}
+
+// A new level's tables have nothing selected; a view that stays visible shows them.
+void frmMain::ClearSelection() {
+    frmWaypoint* view = mapView.Existing();
+    if (view == nullptr) {
+        return;
+    }
+    view->curpoint = -1;
+    if (view->isVisible()) {
+        view->PaintPoints();
+    }
+}
+
+void frmMain::ShowEntitySettings() {
+    ShowPinned(entitySettings(), Qt::TopRightCorner);
+}
+
+void frmMain::HideEntitySettings() {
+    if (frmWaypointSettings* settings = entitySettings.Existing()) {
+        settings->hide();
+    }
+}
+
+// A pinned window goes to its corner when it is first shown and stays where the user puts it. The
+// main window grows where it is too small to show all of it, as far as the screen allows.
+void frmMain::ShowPinned(MdiForm& form, Qt::Corner corner) {
+    if (!form.property("placed").toBool()) {
+        form.setProperty("placed", true);
+        if (!isMaximized() && !isFullScreen()) {
+            const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+            const QSize missing =
+                (form.size() + QSize(scrollBar, scrollBar) - area_->size()).expandedTo({0, 0});
+            resize((size() + missing).boundedTo(screen()->availableSize()));
+        }
+        const int right = area_->viewport()->width() - form.width();
+        form.move(corner == Qt::TopRightCorner ? std::max(0, right) : 0, 0);
+    }
+    form.show();
+    form.raise();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    event->accept();
+    QApplication::quit();
+}
+
+} // namespace editor

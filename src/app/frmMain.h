@@ -1,0 +1,60 @@
+#pragma once
+
+#include "app/LevelArea.h"
+#include "dialogs/frmLevel.h"
+#include "edit/frmWaypointSettings.h"
+#include "platform/OnceForm.h"
+#include "view/frmWaypoint.h"
+
+#include <QMainWindow>
+
+class QAction;
+
+namespace editor {
+
+/// The main window: the menus with the level commands, and the area in which the other windows
+/// appear. Closing it ends the program; nothing is asked and nothing is saved.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    frmMain();
+
+    /// Brings the two window entries in line with mdlEdit.GraphicsLoaded; without graphics the
+    /// level has no size and the map view is hidden. Check marks stay.
+    void SetMenus();
+
+    /// Lets the user choose a folder; empty when cancelled.
+    [[nodiscard]] QString BrowseFolder(const QString& title);
+
+    // The other windows, made on first use and anew after they were closed.
+    OnceForm<frmWaypoint> mapView;
+    OnceForm<frmWaypointSettings> entitySettings;
+    OnceForm<frmLevel> levelSettings;
+
+    void ShowEntitySettings();
+    void HideEntitySettings();
+
+    QAction* mnuLevSettings = nullptr;
+    QAction* mnuLevWay = nullptr;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void MakeMenus();
+    void MDIForm_Load();
+    void mnuLevNew_Click();
+    void mnuLevOpen_Click();
+    void mnuSave_Click();
+    void mnuLevSettings_Click();
+    void mnuLevWay_Click();
+    void mnuHelpAbout_Click();
+
+    void ClearSelection();
+    void ShowPinned(MdiForm& form, Qt::Corner corner);
+
+    LevelArea* area_;
+};
+
+} // namespace editor

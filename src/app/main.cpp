@@ -1,0 +1,16 @@
+#include "app/frmMain.h"
+#include "platform/Dialogs.h"
+#include "platform/Look.h"
+
+#include <QApplication>
+#include <QIcon>
+
+int main(int argc, char** argv) {
+    editor::LeaveNoConfiguration();
+    QApplication application(argc, argv);
+    editor::ApplyLook(application);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/torvak-level-editor.png")));
+    editor::frmMain main;
+    main.show();
+    return QApplication::exec();
+}
