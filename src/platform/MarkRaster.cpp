@@ -105,62 +105,97 @@ void PaintCircle(const RasterTarget& target, const QPoint& centre, int lineWidth
     }
 }
 
-/// Walks along a line step by step without a division.
+/// Walks along the steps of a line without a division.
 class LineWalk {
   public:
-    LineWalk(const LineSteps& line, std::int64_t first)
-        : doubleRise_(2 * line.rise_), doubleLength_(2 * line.length_), pixel_(line.At(first)),
-          alongX_(line.alongX_) {
-        const std::int64_t sum = first * doubleRise_ + line.length_;
-        remainder_ = doubleLength_ == 0 ? 0 : sum - FloorDivide(sum, doubleLength_) * doubleLength_;
+    LineWalk(const RasterTarget& target, const LineSteps& line, std::int64_t first)
+        : doubleRise_(static_cast<int>(2 * std::abs(line.rise_))),
+          doubleLength_(static_cast<int>(2 * line.length_)) {
+        const QPoint pixel = line.At(first);
+        pixel_ = target.At(pixel.x(), pixel.y());
+        along_ = line.alongX_ ? 1 : target.stride;
+        across_ = (line.alongX_ ? target.stride : 1) * (line.rise_ < 0 ? -1 : 1);
+        // How far the line's true position lies, in the direction in which it goes across, from
+        // where the nearest pixel changes. With a falling line halves belong to the pixel before.
+        const std::int64_t sum = 2 * first * line.rise_ + line.length_;
+        const std::int64_t remainder =
+            doubleLength_ == 0 ? 0 : sum - FloorDivide(sum, doubleLength_) * doubleLength_;
+        toGo_ = static_cast<int>(line.rise_ < 0 ? remainder + 1 : doubleLength_ - remainder);
     }
 
-    [[nodiscard]] const QPoint& Pixel() const { return pixel_; }
+    [[nodiscard]] std::uint32_t* Pixel() const { return pixel_; }
 
     void Next() {
-        int across = 0;
-        remainder_ += doubleRise_;
-        if (remainder_ >= doubleLength_) {
-            remainder_ -= doubleLength_;
-            across = 1;
-        } else if (remainder_ < 0) {
-            remainder_ += doubleLength_;
-            across = -1;
+        pixel_ += along_;
+        toGo_ -= doubleRise_;
+        if (toGo_ <= 0) {
+            toGo_ += doubleLength_;
+            pixel_ += across_;
         }
-        pixel_ += alongX_ ? QPoint(1, across) : QPoint(across, 1);
     }
 
   private:
-    std::int64_t doubleRise_;
-    std::int64_t doubleLength_;
-    std::int64_t remainder_;
-    QPoint pixel_;
-    bool alongX_;
+    int doubleRise_;
+    int doubleLength_;
+    int toGo_;
+    qsizetype along_;
+    qsizetype across_;
+    std::uint32_t* pixel_;
 };
+
+namespace {
+
+// Every pixel of the steps lies in the target.
+void PaintThinLine(const RasterTarget& target, const LineSteps& line, std::int64_t first,
+                   std::int64_t last, bool dotted, std::uint32_t colour) {
+    if (dotted) {
+        first += first % 2;
+        if (first > last) {
+            return;
+        }
+        LineWalk walk(target, line, first);
+        for (std::int64_t i = first; i <= last; i += 2) {
+            *walk.Pixel() = colour;
+            walk.Next();
+            walk.Next();
+        }
+        return;
+    }
+    LineWalk walk(target, line, first);
+    for (std::int64_t i = first; i <= last; ++i, walk.Next()) {
+        *walk.Pixel() = colour;
+    }
+}
+
+// Of each span across the line only what lies in the target is painted.
+void PaintWideLine(const RasterTarget& target, const LineSteps& line, std::int64_t first,
+                   std::int64_t last, int reach, bool dotted, std::uint32_t colour) {
+    for (std::int64_t i = first; i <= last; ++i) {
+        if (dotted && i % 2 != 0) {
+            continue;
+        }
+        const QPoint pixel = line.At(i);
+        const QPoint across = line.AlongX() ? QPoint(0, reach) : QPoint(reach, 0);
+        const QRect span = QRect(pixel - across, pixel + across) & target.exposed;
+        for (int y = span.top(); y <= span.bottom(); ++y) {
+            std::fill_n(target.At(span.left(), y), span.width(), colour);
+        }
+    }
+}
+
+} // namespace
 
 void PaintLine(const RasterTarget& target, const LineSteps& line, int lineWidth, bool dotted,
                std::uint32_t colour) {
     const int reach = lineWidth / 2;
-    const QRect& exposed = target.exposed;
-    auto [first, last] = line.Inside(exposed.adjusted(-reach, -reach, reach, reach));
+    const auto [first, last] = line.Inside(target.exposed.adjusted(-reach, -reach, reach, reach));
     if (first > last) {
         return;
     }
-    LineWalk walk(line, first);
-    for (std::int64_t i = first; i <= last; ++i, walk.Next()) {
-        if (dotted && i % 2 != 0) {
-            continue;
-        }
-        const QPoint& pixel = walk.Pixel();
-        if (reach == 0) {
-            *target.At(pixel.x(), pixel.y()) = colour;
-            continue;
-        }
-        const QPoint across = line.AlongX() ? QPoint(0, reach) : QPoint(reach, 0);
-        const QRect span = QRect(pixel - across, pixel + across) & exposed;
-        for (int y = span.top(); y <= span.bottom(); ++y) {
-            std::fill_n(target.At(span.left(), y), span.width(), colour);
-        }
+    if (reach == 0) {
+        PaintThinLine(target, line, first, last, dotted, colour);
+    } else {
+        PaintWideLine(target, line, first, last, reach, dotted, colour);
     }
 }
 

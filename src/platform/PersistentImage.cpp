@@ -20,17 +20,60 @@ int SourceIndex(int view, int pictureSize, int stretchedSize) {
     return static_cast<int>(static_cast<std::int64_t>(view) * pictureSize / stretchedSize);
 }
 
-// One row of the picture, stretched. `columns` holds the source column of each pixel.
-void StretchRow(std::uint32_t* target, const std::uint32_t* source, const std::vector<int>& columns,
-                bool unscaled) {
-    if (unscaled) {
-        std::memcpy(target, source + columns.front(), columns.size() * sizeof(std::uint32_t));
-        return;
+/// The pixels of a row of the picture that stand behind a run of view pixels.
+class SourceRun {
+  public:
+    SourceRun(int first, int count, int pictureSize, int stretchedSize)
+        : first_(SourceIndex(first, pictureSize, stretchedSize)), count_(count) {
+        if (pictureSize % stretchedSize == 0) {
+            step_ = pictureSize / stretchedSize;
+            return;
+        }
+        indices_.resize(static_cast<std::size_t>(count));
+        for (int i = 0; i < count; ++i) {
+            indices_[static_cast<std::size_t>(i)] =
+                SourceIndex(first + i, pictureSize, stretchedSize);
+        }
     }
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        target[i] = source[columns[i]];
+
+    /// Writes the run's pixels of `row`. The usual zooms have loops of their own.
+    void Copy(std::uint32_t* target, const std::uint32_t* row) const {
+        switch (step_) {
+        case 0:
+            for (std::size_t i = 0; i < indices_.size(); ++i) {
+                target[i] = row[indices_[i]];
+            }
+            break;
+        case 1:
+            std::memcpy(target, row + first_,
+                        static_cast<std::size_t>(count_) * sizeof(std::uint32_t));
+            break;
+        case 2:
+            CopyEvery<2>(target, row + first_);
+            break;
+        case 4:
+            CopyEvery<4>(target, row + first_);
+            break;
+        default:
+            for (int i = 0; i < count_; ++i) {
+                target[i] = row[first_ + i * step_];
+            }
+        }
     }
-}
+
+  private:
+    template <int Step>
+    void CopyEvery(std::uint32_t* target, const std::uint32_t* source) const {
+        for (int i = 0; i < count_; ++i) {
+            target[i] = source[i * Step];
+        }
+    }
+
+    int first_;
+    int count_;
+    int step_ = 0; // 0: by index
+    std::vector<int> indices_;
+};
 
 } // namespace
 
@@ -129,21 +172,18 @@ void PersistentImage::PaintBackground(std::uint32_t* target, qsizetype stride,
     if (covered.isEmpty()) {
         return;
     }
-    std::vector<int> columns(static_cast<std::size_t>(covered.width()));
-    for (int i = 0; i < covered.width(); ++i) {
-        columns[static_cast<std::size_t>(i)] =
-            SourceIndex(covered.left() + i, background_.width(), stretched_.width());
-    }
-    const bool unscaled = background_.width() == stretched_.width();
+    const SourceRun columns(covered.left(), covered.width(), background_.width(),
+                            stretched_.width());
     std::uint32_t* row =
         target + (covered.top() - exposed.top()) * stride + (covered.left() - exposed.left());
     int drawnSource = -1;
     for (int y = covered.top(); y <= covered.bottom(); ++y, row += stride) {
         const int source = SourceIndex(y, background_.height(), stretched_.height());
         if (source == drawnSource) {
-            std::memcpy(row, row - stride, columns.size() * sizeof(std::uint32_t));
+            std::memcpy(row, row - stride,
+                        static_cast<std::size_t>(covered.width()) * sizeof(std::uint32_t));
         } else {
-            StretchRow(row, background_.row(source), columns, unscaled);
+            columns.Copy(row, background_.row(source));
             drawnSource = source;
         }
     }

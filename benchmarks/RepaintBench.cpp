@@ -1,0 +1,208 @@
+// What a repaint of the map view costs, in multiples of a plain copy of the visible pixels. Prints
+// one row a case: what was measured, its ratio and the ratio to reach; "--short" for few rounds.
+
+#include "model/mdlEdit.h"
+#include "platform/DrawingSurface.h"
+#include "platform/PersistentImage.h"
+#include "view/PaintPoints.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <functional>
+#include <random>
+#include <string_view>
+#include <vector>
+
+namespace editor {
+namespace {
+
+constexpr QSize Visible(1920, 1080);
+constexpr qsizetype Stride = Visible.width();
+constexpr std::size_t VisiblePixels = std::size_t{1920} * 1080;
+
+using Pixels = std::vector<std::uint32_t>;
+
+double Milliseconds(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    const std::chrono::duration<double, std::milli> taken =
+        std::chrono::steady_clock::now() - start;
+    return taken.count();
+}
+
+double Median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+/// Times several works in turn, round after round, so that a change of the machine's speed meets
+/// all of them. The result is the median of each.
+std::vector<double> Interleaved(int rounds, const std::vector<std::function<void()>>& works) {
+    std::vector<std::vector<double>> times(works.size());
+    for (int round = 0; round < rounds; ++round) {
+        for (std::size_t i = 0; i < works.size(); ++i) {
+            times[i].push_back(Milliseconds(works[i]));
+        }
+    }
+    std::vector<double> medians;
+    for (auto& values : times) {
+        medians.push_back(Median(std::move(values)));
+    }
+    return medians;
+}
+
+// In the memory in which the editor holds a decoded picture.
+Picture NoisePicture(int width, int height) {
+    DrawingSurface surface(width, height);
+    std::uint32_t state = 1;
+    for (int y = 0; y < height; ++y) {
+        std::uint32_t* row = surface.row(y);
+        for (int x = 0; x < width; ++x) {
+            state = state * 1664525U + 1013904223U;
+            row[x] = 0xff000000U | (state >> 8U);
+        }
+    }
+    return Picture(std::move(surface));
+}
+
+/// 201 waypoints in the visible part, five links each: to waypoints anywhere in it, or to ones
+/// that lie 40 view pixels away.
+LevelModel Waypoints(const QRect& visible, float zoom, bool longLinks) {
+    std::mt19937 random(1);
+    const auto within = [&](int low, int length) {
+        return std::uniform_int_distribution<int>(low, low + length - 1)(random);
+    };
+    const auto level = [zoom](int view) {
+        return static_cast<std::int16_t>(std::lround(static_cast<float>(view) / zoom));
+    };
+    LevelModel model;
+    model.Zoom = zoom;
+    model.NumWayPoints = MaxWayPoints;
+    QPoint place;
+    for (int i = 0; i < MaxWayPoints; ++i) {
+        WaypointRec& waypoint = model.WayPoints[static_cast<std::size_t>(i)];
+        // Groups of six, each member 40 view pixels from the next.
+        place = longLinks || i % 6 == 0 ? QPoint(within(visible.left(), visible.width()),
+                                                 within(visible.top(), visible.height()))
+                                        : place + (i % 2 == 0 ? QPoint(40, 0) : QPoint(0, 40));
+        waypoint.X = level(place.x());
+        waypoint.Y = level(place.y());
+        waypoint.NumLinks = MaxLinks - 1;
+        for (std::size_t j = 0; j < MaxLinks; ++j) {
+            const int neighbour = i % 6 == 5 || i == MaxWayPoints - 1 ? i - 1 : i + 1;
+            waypoint.LinkDest[j] =
+                static_cast<std::int16_t>(longLinks ? within(0, MaxWayPoints) : neighbour);
+            waypoint.LinkFlags[j] = static_cast<std::int16_t>(j % 4);
+        }
+    }
+    return model;
+}
+
+void Row(const char* what, double ratio, double target) {
+    std::printf("%-66s %8.2f %8.2f %s\n", what, ratio, target, ratio <= target ? "" : "missed");
+}
+
+class Bench {
+  public:
+    explicit Bench(int rounds) : rounds_(rounds) {}
+
+    void Run() {
+        std::printf("A repaint of 1920 x 1080 visible pixels\n%-66s %8s %8s\n",
+                    "  / a plain copy of those pixels", "ratio", "target");
+        const Picture large = NoisePicture(8192, 8192);
+        PictureAt(large, 8, 0.6, "the picture, 8192 x 8192, zoom 8");
+        PictureAt(large, 1, 0.8, "the picture, 8192 x 8192, zoom 1");
+        PictureAt(large, 0.5, 3, "the picture, 8192 x 8192, zoom 0.5");
+        PictureAt(large, 0.25, 4.8, "the picture, 8192 x 8192, zoom 0.25");
+        const Picture wide = NoisePicture(32767, 1024);
+        PictureAt(wide, 8, 0.6, "the picture, 32767 wide, zoom 8 (a view 262136 wide)");
+        Marks(large, true, 1.2, "in addition 201 waypoints and 1005 links across the screen");
+        Marks(large, false, 0.3, "in addition 201 waypoints and 1005 links of 40 pixels");
+        Drag(large);
+    }
+
+  private:
+    static QRect PlaceOf(const QSize& view) {
+        // Somewhere inside, not at a multiple of the zoom.
+        const QPoint corner((view.width() - Visible.width()) / 2 + 3,
+                            std::max(0, (view.height() - Visible.height()) / 2 - 5));
+        return {corner, Visible};
+    }
+
+    static void Show(PersistentImage& image, const Picture& picture, double zoom, QRect& visible) {
+        const QSize view(static_cast<int>(picture.width() * zoom),
+                         static_cast<int>(picture.height() * zoom));
+        image.SetBackground(picture, view);
+        visible = PlaceOf(view);
+    }
+
+    void Copy() { std::memcpy(target_.data(), source_.data(), VisiblePixels * 4); }
+
+    void PictureAt(const Picture& picture, double zoom, double target, const char* what) {
+        PersistentImage image;
+        QRect visible;
+        Show(image, picture, zoom, visible);
+        const auto times = Interleaved(
+            rounds_, {[&] { Copy(); }, [&] { image.Paint(target_.data(), Stride, visible); }});
+        Row(what, times[1] / times[0], target);
+    }
+
+    void Marks(const Picture& picture, bool longLinks, double target, const char* what) {
+        PersistentImage image;
+        QRect visible;
+        Show(image, picture, 1, visible);
+        PersistentImage bare = image;
+        PaintEntities(image, Waypoints(visible, 1, longLinks), EditingMode::Waypoints, -1);
+        const auto times = Interleaved(
+            rounds_, {[&] { Copy(); }, [&] { bare.Paint(target_.data(), Stride, visible); },
+                      [&] { image.Paint(target_.data(), Stride, visible); }});
+        Row(what, (times[2] - times[1]) / times[0], target);
+    }
+
+    // One move of a drag: the model changes, the marks are drawn again, what changed is painted.
+    void Drag(const Picture& picture) {
+        PersistentImage image;
+        QRect visible;
+        Show(image, picture, 1, visible);
+        LevelModel model = Waypoints(visible, 1, false);
+        WaypointRec& moved = model.WayPoints[MaxWayPoints / 2];
+        moved.NumLinks = 3;
+        int step = 0;
+        const auto move = [&] {
+            moved.X = static_cast<std::int16_t>(moved.X + (step++ % 20 < 10 ? 3 : -3));
+            PaintEntities(image, model, EditingMode::Waypoints, MaxWayPoints / 2);
+        };
+        move();
+        static_cast<void>(image.TakeChanges(visible));
+        const auto times = Interleaved(
+            rounds_, {[&] {
+                          PaintEntities(image, model, EditingMode::Waypoints, MaxWayPoints / 2);
+                          image.Paint(target_.data(), Stride, visible);
+                      },
+                      [&] {
+                          move();
+                          for (const QRect& changed : image.TakeChanges(visible)) {
+                              image.Paint(target_.data(), Stride, changed);
+                          }
+                      }});
+        std::printf("%-66s\n", "  / a full repaint");
+        Row("one move of a waypoint with four short links", times[1] / times[0], 0.25);
+    }
+
+    int rounds_;
+    Pixels source_ = Pixels(VisiblePixels, 0xff112233);
+    Pixels target_ = Pixels(VisiblePixels, 0xff445566);
+};
+
+} // namespace
+} // namespace editor
+
+int main(int argc, char** argv) {
+    const bool quick = argc > 1 && std::string_view(argv[1]) == "--short";
+    editor::Bench(quick ? 5 : 101).Run();
+    return 0;
+}
