@@ -30,7 +30,7 @@ install() {
 
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev zlib1g-dev fonts-liberation)
 TEST_PACKAGES=(libgtest-dev libbenchmark-dev)
-DRIVE_PACKAGES=(xvfb openbox xdotool x11-utils x11-apps imagemagick python3)
+DRIVE_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick python3)
 
 # build PRESET [TARGET...]: configures where needed and builds; prints the end of the log of what
 # went wrong.

@@ -9,8 +9,6 @@ bool BreaksLine(QChar c) {
     switch (c.unicode()) {
     case u'\0':
     case u'\n':
-    case u'\v':
-    case u'\f':
     case u'\r':
     case 0x0085: // next line
     case QChar::LineSeparator:

@@ -11,6 +11,11 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QtMath>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
 
 namespace editor {
 namespace {
@@ -36,18 +41,30 @@ class frmWaypoint::Canvas : public QWidget {
         setAccessibleName(QStringLiteral("Level picture"));
     }
 
+    // Has `changed` painted again. With an odd scale the system's rounding lets gaps come up
+    // between the rectangles of a region, and its edge may run through a pixel that changed.
+    void UpdatePart(const QRegion& changed) {
+        const qreal scale = devicePixelRatioF();
+        if (scale == std::floor(scale)) {
+            update(changed);
+        } else if (!changed.isEmpty()) {
+            update(Widened(changed.boundingRect()));
+        }
+    }
+
   protected:
-    // Only the exposed rectangles are worked out, into a buffer that is kept: a new one for each
+    // Only the exposed rectangles are worked out, into buffers that are kept: new ones for each
     // frame would cost more than the painting.
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
         for (const QRect& exposed : event->region()) {
-            if (buffer_.width() < exposed.width() || buffer_.height() < exposed.height()) {
-                buffer_ = QImage(exposed.size().expandedTo(buffer_.size()), QImage::Format_RGB32);
+            const qreal scale = devicePixelRatioF();
+            if (scale == 1) {
+                painter.drawImage(exposed.topLeft(), Painted(exposed),
+                                  QRect(QPoint(0, 0), exposed.size()));
+            } else {
+                PaintScaled(painter, Widened(exposed) & rect(), scale);
             }
-            form_.image_.Paint(reinterpret_cast<std::uint32_t*>(buffer_.bits()),
-                               buffer_.bytesPerLine() / qsizetype{sizeof(std::uint32_t)}, exposed);
-            painter.drawImage(exposed.topLeft(), buffer_, QRect(QPoint(0, 0), exposed.size()));
         }
     }
 
@@ -67,6 +84,60 @@ class frmWaypoint::Canvas : public QWidget {
     }
 
   private:
+    static QRect Widened(const QRect& part) { return part.adjusted(-2, -2, 2, 2); }
+
+    // Makes a buffer at least `size` large. It only grows.
+    static void Enlarge(QImage& buffer, const QSize& size) {
+        if (buffer.width() < size.width() || buffer.height() < size.height()) {
+            buffer = QImage(size.expandedTo(buffer.size()), QImage::Format_RGB32);
+        }
+    }
+
+    static std::uint32_t* Row(QImage& buffer, int y) {
+        return reinterpret_cast<std::uint32_t*>(buffer.scanLine(y));
+    }
+
+    // The pixels of `exposed` in the top left corner of a buffer.
+    const QImage& Painted(const QRect& exposed) {
+        Enlarge(buffer_, exposed.size());
+        form_.image_.Paint(Row(buffer_, 0),
+                           buffer_.bytesPerLine() / qsizetype{sizeof(std::uint32_t)}, exposed);
+        return buffer_;
+    }
+
+    // On a scaled screen each device pixel shows the view pixel in which its centre lies. That
+    // depends on where it is on the window alone, so that no seam shows between two paintings.
+    void PaintScaled(QPainter& painter, const QRect& exposed, qreal scale) {
+        const QPoint origin = mapTo(window(), QPoint(0, 0));
+        const auto firstDevice = [scale](int view) { return qCeil(view * scale - 0.5); };
+        const auto viewPixel = [scale](int device) { return qFloor((device + 0.5) / scale); };
+        const QRect onWindow = exposed.translated(origin);
+        const QPoint first(firstDevice(onWindow.left()), firstDevice(onWindow.top()));
+        const QPoint end(firstDevice(onWindow.right() + 1), firstDevice(onWindow.bottom() + 1));
+        const QSize size(end.x() - first.x(), end.y() - first.y());
+        if (size.isEmpty()) {
+            return;
+        }
+        static_cast<void>(Painted(exposed));
+        Enlarge(scaled_, size);
+        columns_.resize(static_cast<std::size_t>(size.width()));
+        for (int x = 0; x < size.width(); ++x) {
+            const int viewX = viewPixel(first.x() + x) - onWindow.left();
+            columns_[static_cast<std::size_t>(x)] = std::clamp(viewX, 0, exposed.width() - 1);
+        }
+        for (int y = 0; y < size.height(); ++y) {
+            const int viewY = viewPixel(first.y() + y) - onWindow.top();
+            const std::uint32_t* source = Row(buffer_, std::clamp(viewY, 0, exposed.height() - 1));
+            std::transform(columns_.begin(), columns_.end(), Row(scaled_, y),
+                           [source](int column) { return source[column]; });
+        }
+        // An image of the screen's own scale is drawn pixel by pixel.
+        QImage drawn(scaled_.constBits(), size.width(), size.height(), scaled_.bytesPerLine(),
+                     scaled_.format());
+        drawn.setDevicePixelRatio(scale);
+        painter.drawImage(QPointF(first) / scale - origin, drawn);
+    }
+
     void Report(void (frmWaypoint::*signal)(int, float, float), QMouseEvent* event,
                 Qt::MouseButtons buttons) {
         const QPointF position = event->position();
@@ -76,6 +147,8 @@ class frmWaypoint::Canvas : public QWidget {
 
     frmWaypoint& form_;
     QImage buffer_;
+    QImage scaled_;
+    std::vector<int> columns_; // of buffer_ behind those of scaled_
 };
 
 frmWaypoint::frmWaypoint(QMdiArea& area)
@@ -120,7 +193,7 @@ void frmWaypoint::DrawRubberBand(float x1, float y1, float x2, float y2) {
 }
 
 void frmWaypoint::UpdateChanges() {
-    canvas_->update(image_.TakeChanges(canvas_->visibleRegion().boundingRect()));
+    canvas_->UpdatePart(image_.TakeChanges(canvas_->visibleRegion().boundingRect()));
 }
 
 void frmWaypoint::Form_QueryUnload() {

@@ -5,6 +5,7 @@
 #include "platform/Look.h"
 #include "support/LevelFolder.h"
 #include "support/PngBuilder.h"
+#include "view/LevelGraphics.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,6 +14,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 
@@ -20,6 +23,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
+#include <random>
 
 namespace editor {
 namespace {
@@ -367,6 +371,60 @@ TEST_F(MainWindow, PinnedWindowsStayOnTopAndInPlaceWhileTheViewScrolls) {
         EXPECT_EQ(main->mapView().pos(), QPoint(-300, -200));
         area->horizontalScrollBar()->setValue(0);
         area->verticalScrollBar()->setValue(0);
+    }
+}
+
+// Also with QT_SCALE_FACTOR set: see the test's entries.
+TEST_F(MainWindow, WhatIsOnTheScreenIsAlwaysWhatAFullRepaintShows) {
+    std::mt19937 random(4);
+    QImage noise(700, 500, QImage::Format_RGB32);
+    std::generate_n(reinterpret_cast<std::uint32_t*>(noise.bits()), 700 * 500,
+                    [&random] { return 0xff000000U | static_cast<std::uint32_t>(random()); });
+    noise.save(good.Path(QStringLiteral("l.png")));
+    Open(good);
+    mdlEdit.NumWayPoints = 30;
+    const auto number = [&random](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
+    };
+    for (WaypointRec& waypoint : mdlEdit.WayPoints) {
+        waypoint = {static_cast<std::int16_t>(number(0, 690)),
+                    static_cast<std::int16_t>(number(0, 490)),
+                    0,
+                    {static_cast<std::int16_t>(number(0, 29))},
+                    {},
+                    0};
+    }
+    main->entitySettings().findChild<QRadioButton*>(QStringLiteral("optWaypoints"))->click();
+    // Along its edge, on a screen of an odd scale, a pixel is shared with the view.
+    main->entitySettings().hide();
+    auto* area = main->findChild<LevelArea*>();
+    const auto shown = [this] {
+        QCoreApplication::processEvents();
+        return main->screen()->grabWindow(main->winId()).toImage();
+    };
+    for (int step = 0; step < 60; ++step) {
+        frmWaypoint& view = main->mapView();
+        switch (number(0, 4)) {
+        case 0:
+            area->horizontalScrollBar()->setValue(number(0, 300));
+            area->verticalScrollBar()->setValue(number(0, 300));
+            break;
+        case 1:
+            mdlEdit.Zoom = number(0, 1) == 0 ? 1.0F : 2.0F;
+            SizeView(view);
+            DrawLevelPicture(view);
+            break;
+        case 2:
+            view.curpoint = static_cast<std::int16_t>(number(-1, 29));
+            break;
+        default:
+            mdlEdit.WayPoints[static_cast<std::size_t>(number(0, 29))].X =
+                static_cast<std::int16_t>(number(0, 690));
+        }
+        view.PaintPoints();
+        const QImage partly = shown();
+        view.widget()->update();
+        ASSERT_EQ(partly, shown()) << step;
     }
 }
 
