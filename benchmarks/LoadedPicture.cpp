@@ -1,13 +1,12 @@
 #include "LoadedPicture.h"
 
-#include "platform/DrawingSurface.h"
 #include "platform/Picture.h"
 #include "png/ChunkWalk.h"
 #include "png/ImageData.h"
 #include "png/PngFile.h"
 #include "png/Sizes.h"
-#include "png/cPNG.h"
 #include "png/mdlPNG.h"
+#include "view/LevelGraphics.h"
 
 #include <QImage>
 
@@ -48,15 +47,7 @@ Measured Run(const std::function<void()>& load) {
 
 Measured LoadOurs(const std::filesystem::path& file) {
     Picture target;
-    return Run([&] {
-        cPNG png;
-        if (png.LoadPNGFile(file) != 0) {
-            throw std::runtime_error("a picture of the benchmark was refused");
-        }
-        DrawingSurface picTemp(png.Width(), png.Height());
-        png.DrawToDC(picTemp, 0, 0);
-        target = Picture(std::move(picTemp));
-    });
+    return Run([&] { LoadPNGPicture(QString::fromStdString(file.string()), target); });
 }
 
 Measured LoadQt(const std::filesystem::path& file) {

@@ -34,15 +34,18 @@ double Smooth(std::uint32_t x, std::uint32_t y, std::uint32_t size, std::uint32_
                      std::lerp(corner(0, 1), corner(1, 1), fx), fy);
 }
 
-// Light and shade, texture and the grain of a sensor.
+// Light and shade, texture, and a sensor's grain, which grows from smooth parts to dark ones, so
+// that no filter suits all rows.
 Colour Photo(std::uint32_t x, std::uint32_t y) {
     const double light = Smooth(x, y, 700, 1) * 0.6 + Smooth(x, y, 90, 2) * 0.3;
-    const double texture = Smooth(x, y, 9, 3) * 0.08;
+    const double texture = Smooth(x, y, 11, 3) * 0.08;
+    const double roughness = std::pow(Smooth(x / 16, y, 130, 4), 3);
     Colour colour = {};
     for (std::uint32_t i = 0; i < 3; ++i) {
         const double tint = Smooth(x, y, 400, 10 + i) * 0.2;
-        const double grain = Hash(x, y, 20 + i) % 1024 / 1024.0 * 0.025;
-        colour.samples[i] = std::min((light + texture + tint + grain) * 215, 255.0);
+        const double grain = Smooth(x, y, 2, 20 + i) * 0.025 +
+                             Hash(x, y, 30 + i) % 1024 / 1024.0 * roughness * 0.045;
+        colour.samples[i] = std::min((light + texture + tint + grain) * 210, 255.0);
     }
     colour.samples[3] = 255;
     return colour;
@@ -124,30 +127,79 @@ Bytes BestFiltered(const HeaderRec& header, const Bytes& previous, const Bytes& 
     return best;
 }
 
-Bytes FilteredImage(const MadePicture& picture) {
-    const HeaderRec& header = picture.header;
-    const bool photo = picture.content == "photo";
+// The rows of a picture while it is made.
+struct Unfinished {
+    const MadePicture* picture;
     Bytes filtered;
-    Bytes previous(static_cast<std::size_t>(RowBytes(header) - 1));
-    for (std::int32_t y = 0; y < header.Height; ++y) {
-        Bytes row;
-        for (std::int32_t x = 0; x < header.Width; ++x) {
-            const auto px = static_cast<std::uint32_t>(x);
-            const auto py = static_cast<std::uint32_t>(y);
-            const double dither = photo ? Hash(px, py, 30) % 256 / 256.0 : 0.5;
-            AppendPixel(row, header, photo ? Photo(px, py) : FlatArt(px, py), dither);
-        }
-        const Bytes best = BestFiltered(header, previous, row);
-        filtered.insert(filtered.end(), best.begin(), best.end());
-        previous = std::move(row);
+    Bytes previous;
+};
+
+void AppendRow(Unfinished& unfinished, const std::vector<Colour>& colours, std::int32_t y) {
+    const HeaderRec& header = unfinished.picture->header;
+    const bool photo = unfinished.picture->content == "photo";
+    Bytes row;
+    for (std::uint32_t x = 0; x < colours.size(); ++x) {
+        const double dither =
+            photo ? Hash(x, static_cast<std::uint32_t>(y), 30) % 256 / 256.0 : 0.5;
+        AppendPixel(row, header, colours[x], dither);
     }
-    return filtered;
+    unfinished.previous.resize(row.size());
+    const Bytes best = BestFiltered(header, unfinished.previous, row);
+    unfinished.filtered.insert(unfinished.filtered.end(), best.begin(), best.end());
+    unfinished.previous = std::move(row);
+}
+
+void Finish(const Unfinished& unfinished) {
+    const MadePicture& picture = *unfinished.picture;
+    Bytes file = Join({Signature(), IHDR(picture.header)});
+    const auto append = [&file](const Bytes& chunk) {
+        file.insert(file.end(), chunk.begin(), chunk.end());
+    };
+    if (picture.header.ColorType == PaletteIndex) {
+        append(Chunk("PLTE", CubePalette()));
+    }
+    const Bytes stream = Deflated(unfinished.filtered);
+    for (std::size_t start = 0; start < stream.size(); start += IDATBytes) {
+        const auto first = stream.begin() + static_cast<std::ptrdiff_t>(start);
+        const auto size = std::min(IDATBytes, stream.size() - start);
+        append(Chunk("IDAT", Bytes(first, first + static_cast<std::ptrdiff_t>(size))));
+    }
+    append(IEND());
+    std::filesystem::path part = picture.file;
+    part += ".part";
+    WriteFile(part, file);
+    std::filesystem::rename(part, picture.file);
+}
+
+// The missing ones of the pictures of a content, which have one size, row by row together.
+void MakePictures(const std::vector<MadePicture>& pictures, const std::string& content) {
+    std::vector<Unfinished> missing;
+    for (const MadePicture& picture : pictures) {
+        if (picture.content == content && !std::filesystem::exists(picture.file)) {
+            missing.push_back({&picture, {}, {}});
+        }
+    }
+    if (missing.empty()) {
+        return;
+    }
+    const HeaderRec& size = pictures.front().header;
+    std::vector<Colour> colours(static_cast<std::size_t>(size.Width));
+    for (std::int32_t y = 0; y < size.Height; ++y) {
+        for (std::uint32_t x = 0; x < colours.size(); ++x) {
+            const auto py = static_cast<std::uint32_t>(y);
+            colours[x] = content == "photo" ? Photo(x, py) : FlatArt(x, py);
+        }
+        for (Unfinished& unfinished : missing) {
+            AppendRow(unfinished, colours, y);
+        }
+    }
+    std::ranges::for_each(missing, Finish);
 }
 
 } // namespace
 
-std::vector<MadePicture> PicturesOf(std::int32_t width, std::int32_t height,
-                                    const std::filesystem::path& folder) {
+std::vector<MadePicture> MakePictures(std::int32_t width, std::int32_t height,
+                                      const std::filesystem::path& folder) {
     struct Kind {
         const char* name;
         ColourType type;
@@ -166,31 +218,10 @@ std::vector<MadePicture> PicturesOf(std::int32_t width, std::int32_t height,
                  folder / name});
         }
     }
+    for (const char* content : {"flat", "photo"}) {
+        MakePictures(pictures, content);
+    }
     return pictures;
-}
-
-void MakePicture(const MadePicture& picture) {
-    if (std::filesystem::exists(picture.file)) {
-        return;
-    }
-    Bytes file = Join({Signature(), IHDR(picture.header)});
-    const auto append = [&file](const Bytes& chunk) {
-        file.insert(file.end(), chunk.begin(), chunk.end());
-    };
-    if (picture.header.ColorType == PaletteIndex) {
-        append(Chunk("PLTE", CubePalette()));
-    }
-    const Bytes stream = Deflated(FilteredImage(picture));
-    for (std::size_t start = 0; start < stream.size(); start += IDATBytes) {
-        const auto first = stream.begin() + static_cast<std::ptrdiff_t>(start);
-        const auto size = std::min(IDATBytes, stream.size() - start);
-        append(Chunk("IDAT", Bytes(first, first + static_cast<std::ptrdiff_t>(size))));
-    }
-    append(IEND());
-    std::filesystem::path unfinished = picture.file;
-    unfinished += ".part";
-    WriteFile(unfinished, file);
-    std::filesystem::rename(unfinished, picture.file);
 }
 
 } // namespace editor

@@ -26,5 +26,8 @@ function(editor_test name)
         target_link_libraries(test_${name} PRIVATE GTest::gtest_main)
     endif()
     add_test(NAME ${name} COMMAND test_${name})
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 600)
+    # Memory that cannot be had is an error to be handled under the sanitizers too.
+    set_tests_properties(${name} PROPERTIES
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=allocator_may_return_null=1"
+        TIMEOUT 600)
 endfunction()

@@ -1,0 +1,90 @@
+#include "platform/DrawingSurface.h"
+#include "platform/LargeBuffer.h"
+#include "platform/Picture.h"
+
+#include <algorithm>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <new>
+#include <stdexcept>
+#include <vector>
+
+namespace editor {
+namespace {
+
+constexpr std::size_t MiB = std::size_t{1} << 20;
+
+bool IsFilledWith(const LargeBuffer& buffer, std::uint8_t value) {
+    return std::ranges::all_of(buffer.bytes(), [=](std::uint8_t byte) { return byte == value; });
+}
+
+TEST(BuffersTest, LiveBuffersOfAnySizeDoNotShareMemoryAlsoWhenItIsUsedAgain) {
+    std::vector<LargeBuffer> live;
+    std::uint8_t value = 0;
+    for (int round = 0; round < 3; ++round) {
+        for (const std::size_t size : {std::size_t{1}, std::size_t{4096}, 2 * MiB - 1, 2 * MiB,
+                                       2 * MiB + 1, 5 * MiB, 7 * MiB + 4097, 3 * MiB}) {
+            live.emplace_back(size);
+            ASSERT_EQ(live.back().size(), size);
+            std::memset(live.back().data(), ++value, size);
+        }
+        for (std::size_t i = 0; i < live.size(); ++i) {
+            EXPECT_TRUE(
+                IsFilledWith(live[i], static_cast<std::uint8_t>(value - live.size() + i + 1)));
+        }
+        live.erase(live.begin(), live.begin() + 5); // some of their memory is kept
+    }
+}
+
+TEST(BuffersTest, ABufferGoesWithItsNameAndLeavesNothingBehind) {
+    LargeBuffer first(100);
+    first.data()[99] = 7;
+    LargeBuffer second(3 * MiB);
+    second = std::move(first);
+    EXPECT_EQ(second.size(), 100U);
+    EXPECT_EQ(second.data()[99], 7);
+    EXPECT_TRUE(first.empty()); // NOLINT(bugprone-use-after-move): this is what is asked
+    second.Truncate(10);
+    EXPECT_EQ(second.bytes().size(), 10U);
+    EXPECT_TRUE(LargeBuffer(0).empty());
+    EXPECT_THROW(LargeBuffer(std::size_t{1} << 60), std::bad_alloc);
+}
+
+TEST(BuffersTest, GivingBackAPartLeavesTheRestAlone) {
+    LargeBuffer buffer(9 * MiB);
+    std::memset(buffer.data(), 5, buffer.size());
+    EXPECT_EQ(buffer.GiveBack(1, 2 * MiB - 1), 1U); // not one whole page
+    const std::size_t next = buffer.GiveBack(MiB, 7 * MiB);
+    EXPECT_EQ(next, 6 * MiB);
+    EXPECT_EQ(buffer.data()[2 * MiB - 1], 5);
+    EXPECT_EQ(buffer.data()[next], 5);
+    std::memset(buffer.data() + 2 * MiB, 6, 4 * MiB);
+    EXPECT_EQ(buffer.data()[next - 1], 6);
+}
+
+TEST(BuffersTest, ASurfaceIsGreyWhereNothingWasDrawnAndBecomesAPicture) {
+    DrawingSurface surface(2, 4);
+    std::fill_n(surface.RowToCover(2), 2, 0xff000001);
+    surface.row(0)[1] = 0xff000002;
+    const Picture picture(std::move(surface));
+    ASSERT_EQ(picture.width(), 2);
+    ASSERT_EQ(picture.height(), 4);
+    constexpr std::uint32_t Grey = DrawingSurface::InitialColour;
+    const std::uint32_t expected[] = {Grey,       0xff000002, Grey, Grey,
+                                      0xff000001, 0xff000001, Grey, Grey};
+    for (int i = 0; i < 8; ++i) {
+        EXPECT_EQ(picture.row(i / 2)[i % 2], expected[i]) << i;
+    }
+    EXPECT_TRUE(Picture(DrawingSurface(0, 5)).isNull());
+}
+
+TEST(BuffersTest, ARowOfABitmapIsAMultipleOfFourBytes) {
+    EXPECT_EQ(DibStride(1, 1), 4);
+    EXPECT_EQ(DibStride(33, 1), 8);
+    EXPECT_EQ(DibStride(3, 24), 12);
+    EXPECT_EQ(DibStride((1 << 26) - 1, 32), ((1 << 26) - 1) * 4);
+    EXPECT_THROW(static_cast<void>(DibStride(1 << 26, 32)), std::overflow_error);
+}
+
+} // namespace
+} // namespace editor
