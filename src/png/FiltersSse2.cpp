@@ -12,8 +12,7 @@ namespace {
 
 // A pixel's bytes do not depend on each other, but a pixel depends on the one before it: the loops
 // below handle a pixel of `Size` bytes at a time in the low bytes of a register, and what counts is
-// the number of instructions from one pixel's result to the next one's. Rows go pixel by pixel, so
-// nothing beyond their ends is read or written.
+// the number of instructions from one pixel's result to the next one's.
 
 template <class Integer>
 std::uint64_t LoadInteger(const std::uint8_t* bytes) {
@@ -22,11 +21,17 @@ std::uint64_t LoadInteger(const std::uint8_t* bytes) {
     return value;
 }
 
-// 3 and 6 bytes in two parts: put together in memory, they would be waited for.
-template <int Size>
+// `AnotherFollows` says that there is one more pixel in the row: pixels of 3 and 6 bytes are then
+// read with the first bytes of the next, which the register carries along to no effect. The last
+// one is read in two parts; put together in memory, they would be waited for.
+template <int Size, bool AnotherFollows>
 __m128i LoadPixel(const std::uint8_t* bytes) {
     std::uint64_t pixel = 0;
-    if constexpr (Size == 3) {
+    if constexpr (Size == 3 && AnotherFollows) {
+        pixel = LoadInteger<std::uint32_t>(bytes);
+    } else if constexpr (Size == 6 && AnotherFollows) {
+        pixel = LoadInteger<std::uint64_t>(bytes);
+    } else if constexpr (Size == 3) {
         pixel = LoadInteger<std::uint16_t>(bytes) | std::uint64_t{bytes[2]} << 16;
     } else if constexpr (Size == 6) {
         pixel = LoadInteger<std::uint32_t>(bytes) | LoadInteger<std::uint16_t>(bytes + 4) << 32;
@@ -119,10 +124,12 @@ struct PaethStep {
 
 template <int Size, class Step>
 void Reconstruct(std::span<std::uint8_t> row, const std::uint8_t* previous, Step step) {
-    for (std::size_t i = 0; i < row.size(); i += Size) {
-        std::uint8_t* x = row.data() + i;
-        StorePixel<Size>(x, step.Next(LoadPixel<Size>(x), LoadPixel<Size>(previous + i)));
+    std::uint8_t* x = row.data();
+    const std::uint8_t* last = x + (row.size() - Size);
+    for (; x != last; x += Size, previous += Size) {
+        StorePixel<Size>(x, step.Next(LoadPixel<Size, true>(x), LoadPixel<Size, true>(previous)));
     }
+    StorePixel<Size>(x, step.Next(LoadPixel<Size, false>(x), LoadPixel<Size, false>(previous)));
 }
 
 // Two rows in lockstep, the second one pixel behind, because it needs the first one's result: a
@@ -133,16 +140,24 @@ void ReconstructPair(std::span<std::uint8_t> first, FirstStep firstStep,
                      const std::uint8_t* previous) {
     std::uint8_t* x1 = first.data();
     std::uint8_t* x2 = second.data();
-    __m128i above = firstStep.Next(LoadPixel<Size>(x1), LoadPixel<Size>(previous));
-    StorePixel<Size>(x1, above);
-    for (std::size_t i = Size; i < first.size(); i += Size, x2 += Size) {
-        const __m128i pixel =
-            firstStep.Next(LoadPixel<Size>(x1 + i), LoadPixel<Size>(previous + i));
-        StorePixel<Size>(x2, secondStep.Next(LoadPixel<Size>(x2), above));
-        StorePixel<Size>(x1 + i, pixel);
-        above = pixel;
+    const std::uint8_t* last = x1 + (first.size() - Size);
+    __m128i above = _mm_setzero_si128();
+    if (x1 != last) {
+        above = firstStep.Next(LoadPixel<Size, true>(x1), LoadPixel<Size, true>(previous));
+        StorePixel<Size>(x1, above);
+        for (x1 += Size, previous += Size; x1 != last; x1 += Size, x2 += Size, previous += Size) {
+            const __m128i pixel =
+                firstStep.Next(LoadPixel<Size, true>(x1), LoadPixel<Size, true>(previous));
+            StorePixel<Size>(x2, secondStep.Next(LoadPixel<Size, true>(x2), above));
+            StorePixel<Size>(x1, pixel);
+            above = pixel;
+        }
+        StorePixel<Size>(x2, secondStep.Next(LoadPixel<Size, true>(x2), above));
+        x2 += Size;
     }
-    StorePixel<Size>(x2, secondStep.Next(LoadPixel<Size>(x2), above));
+    above = firstStep.Next(LoadPixel<Size, false>(x1), LoadPixel<Size, false>(previous));
+    StorePixel<Size>(x1, above);
+    StorePixel<Size>(x2, secondStep.Next(LoadPixel<Size, false>(x2), above));
 }
 
 // Two rows' Paeth filters in the halves of one register, pixels of up to 4 bytes: the upper half is
@@ -163,21 +178,23 @@ struct PaethTwinStep {
 
 using FourRows = std::array<std::uint8_t*, 4>;
 
-// One step of four rows in lockstep; row r is at pixel `column` - r. A row that has not begun takes
-// zeros, which leave what the filter remembers at zero; one that has ended goes on without effect.
-template <int Size, bool AllInside>
+// One step of four rows in lockstep; row r is at pixel `column` - r. In the middle each row is at a
+// pixel that another follows. Elsewhere a row that has not begun takes zeros, which leave what the
+// filter remembers at zero, and one that has ended goes on without effect.
+template <int Size, bool InTheMiddle>
 void StepFour(const FourRows& rows, const std::uint8_t* previous, std::size_t column,
               std::size_t pixels, PaethTwinStep& upper, PaethTwinStep& lower) {
     const auto inside = [&](std::size_t r) {
-        return AllInside || (column >= r && column - r < pixels);
+        return InTheMiddle || (column >= r && column - r < pixels);
     };
     const auto at = [&](std::size_t r) { return rows[r] + (column - r) * Size; };
     const auto load = [&](std::size_t r) {
-        return inside(r) ? LoadPixel<Size>(at(r)) : _mm_setzero_si128();
+        return inside(r) ? LoadPixel<Size, InTheMiddle>(at(r)) : _mm_setzero_si128();
     };
-    const __m128i b = inside(0) ? LoadPixel<Size>(previous + column * Size) : _mm_setzero_si128();
+    const __m128i above =
+        inside(0) ? LoadPixel<Size, InTheMiddle>(previous + column * Size) : _mm_setzero_si128();
     const __m128i aboveLower = _mm_packus_epi16(_mm_srli_si128(upper.a, 8), _mm_setzero_si128());
-    const __m128i two = upper.Next(_mm_unpacklo_epi32(load(0), load(1)), b);
+    const __m128i two = upper.Next(_mm_unpacklo_epi32(load(0), load(1)), above);
     const __m128i others = lower.Next(_mm_unpacklo_epi32(load(2), load(3)), aboveLower);
     const __m128i results[] = {two, _mm_srli_si128(two, 4), others, _mm_srli_si128(others, 4)};
     for (std::size_t r = 0; r < rows.size(); ++r) {
@@ -197,7 +214,7 @@ void PaethFour(const FourRows& rows, const std::uint8_t* previous, std::size_t l
     for (; column < Behind; ++column) {
         StepFour<Size, false>(rows, previous, column, pixels, upper, lower);
     }
-    for (; column < pixels; ++column) {
+    for (; column + 1 < pixels; ++column) {
         StepFour<Size, true>(rows, previous, column, pixels, upper, lower);
     }
     for (; column < pixels + Behind; ++column) {
