@@ -1,0 +1,94 @@
+// Any two texts as level.cfg and waypoint.cfg: they are read or refused, and what was read is
+// written, read again and then the same, but for what the files cannot hold.
+
+#include "model/LevelReader.h"
+#include "model/LevelWriter.h"
+#include "platform/CodePage.h"
+#include "platform/PrivateProfile.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+namespace editor {
+namespace {
+
+// Stands between the two files in an input.
+constexpr char Separator = '\x1E';
+
+bool Read(LevelModel& model, const QByteArray& level, const QByteArray& waypoint) {
+    LevelReader reader(model);
+    if (reader.ReadLevelCfg(PrivateProfile(level)) &&
+        reader.ReadWaypointCfg(PrivateProfile(waypoint))) {
+        return true;
+    }
+    if (reader.Problem(QStringLiteral("level"), QStringLiteral("waypoint")).isEmpty()) {
+        std::abort();
+    }
+    return false;
+}
+
+// A text that was written comes back without outer blanks and one outer pair of quotes.
+QString Reread(const QString& text) {
+    const PrivateProfile profile("[s]\r\nk=" + ToCodePage(text).value() + "\r\n");
+    return FromCodePage(
+        profile.GetPrivateProfileString("s", "k", LevelReader::MaxStringLength + 1));
+}
+
+void Expect(bool holds) {
+    if (!holds) {
+        std::abort();
+    }
+}
+
+void ExpectSame(const LevelModel& before, const LevelModel& after) {
+    Expect(after.LevelFile == Reread(before.LevelFile));
+    Expect(after.BackFile == Reread(before.BackFile));
+    Expect(after.MaterialFile == Reread(before.MaterialFile));
+    Expect(after.ParallaxFile == Reread(before.ParallaxFile));
+    Expect(after.ParallaxScroll == before.ParallaxScroll);
+    Expect(after.JumperForce == before.JumperForce && after.KickerForce == before.KickerForce);
+    Expect(after.NumStartPoints == before.NumStartPoints && after.NumItems == before.NumItems);
+    Expect(after.NumWayPoints == before.NumWayPoints || before.NumWayPoints == 0);
+    Expect(std::equal(before.StartPoints.begin(),
+                      before.StartPoints.begin() + before.StartPointCount(),
+                      after.StartPoints.begin()));
+    for (std::size_t n = 0; n < static_cast<std::size_t>(before.ItemCount()); ++n) {
+        ItemRec expected = before.Items[n];
+        expected.Name = Reread(expected.Name);
+        if (expected.Amount == StandardItem::UnwrittenAmount) {
+            expected.Amount = StandardItem::Amount;
+        }
+        Expect(after.Items[n] == expected);
+    }
+    for (std::size_t n = 0; n < static_cast<std::size_t>(before.WayPointCount()); ++n) {
+        const WaypointRec& old = before.WayPoints[n];
+        const WaypointRec& now = after.WayPoints[n];
+        Expect(now.X == old.X && now.Y == old.Y && now.Flags == old.Flags &&
+               now.NumLinks == old.NumLinks);
+        const auto slots = static_cast<std::size_t>(old.NumLinks + 1);
+        Expect(
+            std::equal(old.LinkDest.begin(), old.LinkDest.begin() + slots, now.LinkDest.begin()));
+        Expect(std::equal(old.LinkFlags.begin(), old.LinkFlags.begin() + slots,
+                          now.LinkFlags.begin()));
+    }
+}
+
+} // namespace
+} // namespace editor
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace editor;
+    const QByteArray input(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const qsizetype split = input.indexOf(Separator);
+    LevelModel first;
+    if (!Read(first, input.left(split), split < 0 ? QByteArray() : input.mid(split + 1))) {
+        return 0;
+    }
+    QByteArray level;
+    Expect(!WriteLevelCfg(first, level).has_value());
+    LevelModel second;
+    Expect(Read(second, level, WriteWaypointCfg(first)));
+    ExpectSame(first, second);
+    return 0;
+}
