@@ -23,7 +23,11 @@ class LevelArea : public QMdiArea {
   public:
     explicit LevelArea(QWidget* parent);
 
-    /// Keeps `form` on top and in its place from now on.
+    /// Keeps a form within reach of the scroll bars: when it or another one was hidden or got
+    /// another size, no more can be scrolled to than there is.
+    void Watch(MdiForm& form);
+
+    /// The same, and keeps `form` on top and in its place.
     void Pin(MdiForm& form);
 
   protected:
@@ -33,8 +37,10 @@ class LevelArea : public QMdiArea {
   private:
     template <class Action>
     void ForEachPinned(Action action);
+    void Settle();
 
     std::vector<QPointer<MdiForm>> pinned_;
+    bool settling_ = false;
 };
 
 } // namespace editor

@@ -43,6 +43,7 @@ void WireWindows(frmMain& main) {
 
 frmWaypoint* MakeMapView(LevelArea& area) {
     auto* view = new frmWaypoint(area);
+    area.Watch(*view);
     QObject::connect(view, &frmWaypoint::MouseDown, view, Form_MouseDown);
     QObject::connect(view, &frmWaypoint::MouseMove, view, Form_MouseMove);
     QObject::connect(view, &frmWaypoint::MouseUp, view, Form_MouseUp);

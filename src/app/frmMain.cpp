@@ -26,10 +26,17 @@ constexpr int InitialHeight = 4380;
 
 } // namespace
 
+template <class Form>
+Form* frmMain::Watched(Form* form) {
+    connect(form, &MdiForm::Hidden, this, &frmMain::KeepKeyboardInSight, Qt::QueuedConnection);
+    return form;
+}
+
 frmMain::frmMain()
-    : mapView([this] { return MakeMapView(*area_); }),
-      entitySettings([this] { return MakeEntitySettings(*area_); }),
-      levelSettings([this] { return MakeLevelSettings(*area_); }), area_(new LevelArea(this)) {
+    : mapView([this] { return Watched(MakeMapView(*area_)); }),
+      entitySettings([this] { return Watched(MakeEntitySettings(*area_)); }),
+      levelSettings([this] { return Watched(MakeLevelSettings(*area_)); }),
+      area_(new LevelArea(this)) {
     setWindowTitle(QStringLiteral("Torvak! Level editor"));
     setCentralWidget(area_);
     MakeMenus();
@@ -38,6 +45,11 @@ frmMain::frmMain()
            Twips(InitialHeight) + menuBar()->heightForWidth(Twips(InitialWidth)));
     WireWindows(*this);
     MDIForm_Load();
+}
+
+// The windows go first: what they report is answered by members of this one.
+frmMain::~frmMain() {
+    delete area_;
 }
 
 void frmMain::MakeMenus() {
@@ -184,6 +196,27 @@ void frmMain::ClearSelection() {
     if (view->isVisible()) {
         view->PaintPoints();
     }
+}
+
+// When a window was hidden the keyboard goes to one that can be seen, the map view first.
+void frmMain::KeepKeyboardInSight() {
+    const QWidget* focused = focusWidget();
+    if (focused != nullptr && focused != area_ && focused->isVisible()) {
+        return;
+    }
+    frmWaypoint* view = mapView.Existing();
+    if (view != nullptr && view->isVisible()) {
+        view->TakeKeyboard();
+        return;
+    }
+    for (QMdiSubWindow* form : area_->subWindowList()) {
+        if (form->isVisible()) {
+            area_->setActiveSubWindow(form);
+            form->widget()->setFocus();
+            return;
+        }
+    }
+    area_->setFocus();
 }
 
 void frmMain::ShowEntitySettings() {

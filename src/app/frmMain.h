@@ -19,6 +19,7 @@ class frmMain : public QMainWindow {
 
   public:
     frmMain();
+    ~frmMain() override;
 
     /// Brings the two window entries in line with mdlEdit.GraphicsLoaded; without graphics the
     /// level has no size and the map view is hidden. Check marks stay.
@@ -42,6 +43,8 @@ class frmMain : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    template <class Form>
+    Form* Watched(Form* form);
     void MakeMenus();
     void MDIForm_Load();
     void mnuLevNew_Click();
@@ -52,6 +55,7 @@ class frmMain : public QMainWindow {
     void mnuHelpAbout_Click();
 
     void ClearSelection();
+    void KeepKeyboardInSight();
     void ShowPinned(MdiForm& form, Qt::Corner corner);
 
     LevelArea* area_;

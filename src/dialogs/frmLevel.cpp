@@ -64,6 +64,7 @@ frmLevel::frmLevel(QMdiArea& area) : MdiForm(area, QStringLiteral("Level setting
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
     Place(cmdOK, 144, 248, 81, 25);
     SetTabOrder();
+    quietControls_.InstallOn(*this);
     FixClientSize(ClientSize);
 
     connect(cmdBG, &QPushButton::clicked, this, &frmLevel::cmdBG_Click);

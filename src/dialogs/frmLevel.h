@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/MdiForm.h"
+#include "platform/QuietControls.h"
 
 class QCheckBox;
 class QLineEdit;
@@ -36,6 +37,7 @@ class frmLevel : public MdiForm {
     // Lets the user choose a graphics file for a text box.
     void Browse(QLineEdit& box);
 
+    QuietControls quietControls_;
     QLineEdit* txtBG;
     QPushButton* cmdBG;
     QLineEdit* txtLev;

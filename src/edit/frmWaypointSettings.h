@@ -1,10 +1,10 @@
 #pragma once
 
-#include "edit/SettingsInput.h"
 #include "edit/WaypointGestures.h"
 #include "model/EditingMode.h"
 #include "model/mdlEdit.h"
 #include "platform/MdiForm.h"
+#include "platform/QuietControls.h"
 
 #include <array>
 #include <cstdint>

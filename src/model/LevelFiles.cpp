@@ -8,6 +8,7 @@
 #include "platform/RegularFile.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace editor {
 namespace {
@@ -18,6 +19,17 @@ QString LevelCfgPath() {
 
 QString WaypointCfgPath() {
     return FindInFolder(mdlEdit.LevelPath, QStringLiteral("waypoint.cfg"));
+}
+
+// A folder that is gone or closed to the user would look like one without files.
+std::optional<LevelFileError> CheckFolder() {
+    const QFileInfo folder(mdlEdit.LevelPath);
+    if (folder.isDir() && folder.isReadable() && folder.isExecutable()) {
+        return std::nullopt;
+    }
+    return QStringLiteral("The level cannot be opened: the folder %1 %2.")
+        .arg(QDir::toNativeSeparators(mdlEdit.LevelPath),
+             folder.isDir() ? QStringLiteral("cannot be read") : QStringLiteral("does not exist"));
 }
 
 std::optional<LevelFileError> LoadProfile(PrivateProfile& profile, const QString& path) {
@@ -42,6 +54,9 @@ std::optional<LevelFileError> ReplaceLevelFile(const QString& path, const QByteA
 } // namespace
 
 std::optional<LevelFileError> LoadLevel(const std::function<void()>& loadGraphics) {
+    if (auto error = CheckFolder()) {
+        return error;
+    }
     PrivateProfile levelCfg;
     PrivateProfile waypointCfg;
     const QString levelPath = LevelCfgPath();

@@ -1,5 +1,6 @@
 #include "platform/MdiForm.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLayout>
 #include <QMdiArea>
@@ -35,6 +36,22 @@ void MdiForm::closeEvent(QCloseEvent* event) {
     Form_QueryUnload();
     event->accept();
     Q_EMIT Closed();
+}
+
+// By itself a hidden window passes the keyboard round among its own controls, where keys would do
+// their work unseen.
+void MdiForm::hideEvent(QHideEvent* event) {
+    QMdiSubWindow::hideEvent(event);
+    QWidget* focused = QApplication::focusWidget();
+    if (focused != nullptr && isAncestorOf(focused)) {
+        focused->clearFocus();
+    }
+    Q_EMIT Hidden();
+}
+
+void MdiForm::resizeEvent(QResizeEvent* event) {
+    QMdiSubWindow::resizeEvent(event);
+    Q_EMIT Resized();
 }
 
 } // namespace editor

@@ -24,12 +24,18 @@ class MdiForm : public QMdiSubWindow {
   Q_SIGNALS:
     /// The form was closed by its close box and is about to be deleted.
     void Closed();
+    /// The form cannot be seen any more; it has given up the keyboard. Also before Closed().
+    void Hidden();
+    /// The form has another size.
+    void Resized();
 
   protected:
     /// What the form does at the end, before Closed().
     virtual void Form_QueryUnload() {}
 
     void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 };
 
 } // namespace editor

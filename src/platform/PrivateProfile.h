@@ -24,7 +24,7 @@ namespace editor {
 /// - CR and LF, alone or together, end a line. A UTF-8 byte-order mark at the start is skipped.
 class PrivateProfile {
   public:
-    /// The largest file that is read, in bytes; a level's own files have some 30 KiB at most.
+    /// The largest file that is read, in bytes; a level's own files have some 50 KiB at most.
     static constexpr qint64 MaximumSize = 8 * 1024 * 1024;
 
     /// An empty profile: every key is missing.

@@ -4,13 +4,16 @@
 #include "platform/BitmapFile.h"
 #include "platform/DrawingSurface.h"
 #include "platform/FileNames.h"
+#include "platform/RegularFile.h"
 #include "platform/Rounding.h"
 #include "png/cPNG.h"
 #include "view/ViewHost.h"
 #include "view/frmWaypoint.h"
 
+#include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <exception>
 #include <stdexcept>
 #include <utility>
@@ -31,10 +34,11 @@ void LoadPicture(const QString& name, Picture& target) {
     target = *std::move(loaded);
 }
 
-// Every error raised while a picture is loaded makes it a failed load and nothing else.
-bool PictureLoads(const QString& name, Picture& target) {
+// Every error raised while something is loaded makes it a failed load and nothing else.
+template <class Load>
+bool Succeeds(Load load) {
     try {
-        LoadPicture(name, target);
+        load();
         return true;
     } catch (const std::exception&) {
         return false;
@@ -57,6 +61,30 @@ void ShowLevel() {
     view.TakeKeyboard();
 }
 
+std::uint32_t BigEndian(QByteArrayView bytes) {
+    std::uint32_t value = 0;
+    for (const char byte : bytes) {
+        value = value << 8U | static_cast<unsigned char>(byte);
+    }
+    return value;
+}
+
+// A picture that is wider or higher than a level can be is not decoded first. Where a PNG file is
+// one, width and height stand at this place (W3C PNG, 5.2 and 11.2.2).
+void RefuseOversizedPng(const QString& path) {
+    constexpr qint64 SizeOffset = 16;
+    QFile file(path);
+    if (!IsRegularFile(path) || !file.open(QIODevice::ReadOnly)) {
+        return; // the decoder will say so
+    }
+    const QByteArray start = file.read(SizeOffset + 8);
+    if (start.size() == SizeOffset + 8 &&
+        std::max(BigEndian(QByteArrayView(start).sliced(SizeOffset, 4)),
+                 BigEndian(QByteArrayView(start).sliced(SizeOffset + 4, 4))) > MaximumPictureSide) {
+        throw std::runtime_error("the picture is too large");
+    }
+}
+
 } // namespace
 
 void LoadGraphics() {
@@ -65,28 +93,23 @@ void LoadGraphics() {
         return;
     }
     viewHost.setBusyPointer(true);
-    bool loaded = PictureLoads(mdlEdit.LevelFile, mdlEdit.LevelPicture);
-    loaded = PictureLoads(mdlEdit.BackFile, mdlEdit.BackPicture) && loaded;
-    loaded = PictureLoads(mdlEdit.MaterialFile, mdlEdit.MaterialPicture) && loaded;
-    if (loaded) {
-        ShowLevel();
-    } else {
-        mdlEdit.GraphicsLoaded = false;
-    }
+    const bool level = Succeeds([] { LoadPicture(mdlEdit.LevelFile, mdlEdit.LevelPicture); });
+    const bool back = Succeeds([] { LoadPicture(mdlEdit.BackFile, mdlEdit.BackPicture); });
+    const bool material =
+        Succeeds([] { LoadPicture(mdlEdit.MaterialFile, mdlEdit.MaterialPicture); });
+    mdlEdit.GraphicsLoaded = level && back && material && Succeeds(ShowLevel);
     viewHost.SetMenus();
     viewHost.setBusyPointer(false);
 }
 
 void LoadPNGPicture(const QString& path, Picture& target) {
-    cPNG png;
-    if (png.LoadPNGFile(QFileInfo(path).filesystemFilePath()) != 0) {
+    RefuseOversizedPng(path);
+    cPNG PNGDecoder;
+    if (PNGDecoder.LoadPNGFile(QFileInfo(path).filesystemFilePath()) != 0) {
         throw std::runtime_error("not an acceptable PNG file");
     }
-    if (png.Width() > MaximumPictureSide || png.Height() > MaximumPictureSide) {
-        throw std::runtime_error("the picture is too large");
-    }
-    DrawingSurface picTemp(png.Width(), png.Height());
-    png.DrawToDC(picTemp, 0, 0);
+    DrawingSurface picTemp(PNGDecoder.Width(), PNGDecoder.Height());
+    PNGDecoder.DrawToDC(picTemp, 0, 0);
     target = Picture(std::move(picTemp));
 }
 

@@ -239,6 +239,12 @@ TEST_F(MainWindow, WindowsAndEntriesFollowEveryOrderOfCommands) {
             DeleteClosed();
             ASSERT_EQ(State().toStdString(), expected) << road;
             ASSERT_EQ(mdlEdit.GraphicsLoaded, Entry("mnuLevWay").isEnabled()) << road;
+            // Keys must not do their work where nobody sees it.
+            QCoreApplication::processEvents();
+            const QWidget* focused = main->focusWidget();
+            ASSERT_TRUE(focused == nullptr || focused->isVisible()) << road;
+            const frmWaypoint* view = main->mapView.Existing();
+            ASSERT_TRUE(view == nullptr || !view->isVisible() || focused != nullptr) << road;
         }
     }
 }
@@ -426,6 +432,35 @@ TEST_F(MainWindow, WhatIsOnTheScreenIsAlwaysWhatAFullRepaintShows) {
         view.widget()->update();
         ASSERT_EQ(partly, shown()) << step;
     }
+}
+
+TEST_F(MainWindow, AViewThatShrinksComesBackIntoSight) {
+    main->resize(500, 360);
+    MakeLevel(good, 900, 700);
+    Open(good);
+    auto* area = main->findChild<LevelArea*>();
+    QWidget* canvas = main->mapView().widget();
+    const auto zoom = [&](Qt::Key key, int times) {
+        for (int i = 0; i < times; ++i) {
+            QTest::sendKeyEvent(QTest::Click, canvas, key, QString(), Qt::KeypadModifier);
+            QCoreApplication::processEvents();
+        }
+    };
+    zoom(Qt::Key_Plus, 3);
+    area->horizontalScrollBar()->setValue(area->horizontalScrollBar()->maximum());
+    area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+    zoom(Qt::Key_Minus, 3);
+    const QRect room = area->viewport()->rect();
+    EXPECT_EQ(main->mapView().geometry().right(), room.right());
+    EXPECT_EQ(main->mapView().geometry().bottom(), room.bottom());
+    EXPECT_EQ(area->horizontalScrollBar()->value(), area->horizontalScrollBar()->maximum());
+    area->horizontalScrollBar()->setValue(0);
+    area->verticalScrollBar()->setValue(0);
+    EXPECT_EQ(main->mapView().pos(), QPoint(0, 0));
+    Choose("mnuLevWay");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(area->verticalScrollBar()->maximum(), 0);
 }
 
 TEST(PinnedPlace, BringsOnlyAnEdgeOutsideIntoSight) {

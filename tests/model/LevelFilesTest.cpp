@@ -231,6 +231,10 @@ TEST_F(LevelFiles, AFileThatCannotBeReadIsRefused) {
     QFile::remove(folder.Path(LevelCfg));
     QFile::link(QStringLiteral("nowhere"), folder.Path(WaypointCfg));
     EXPECT_TRUE(Load().contains(QStringLiteral("leads nowhere")));
+    mdlEdit.NumItems = 3;
+    mdlEdit.LevelPath = folder.Path(QStringLiteral("gone"));
+    EXPECT_TRUE(Load().contains(QStringLiteral("gone does not exist")));
+    EXPECT_EQ(mdlEdit.NumItems, 3);
     EXPECT_EQ(graphicsLoads, 0);
 }
 

@@ -1,4 +1,4 @@
-#include "edit/SettingsInput.h"
+#include "platform/QuietControls.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
