@@ -112,7 +112,8 @@ Bytes BestFiltered(const HeaderRec& header, const Bytes& previous, const Bytes& 
     long least = 0;
     HeaderRec twoRows = header;
     twoRows.Height = 2;
-    for (std::uint8_t filter = 0; filter < (header.ColorType == PaletteIndex ? 1 : 5); ++filter) {
+    const std::uint8_t filters = header.ColorType == PaletteIndex ? 1 : 5;
+    for (std::uint8_t filter = 0; filter < filters; ++filter) {
         Bytes tried = Filtered(twoRows, Join({previous, row}), {0, filter});
         tried.erase(tried.begin(), tried.begin() + static_cast<std::ptrdiff_t>(row.size()) + 1);
         long sum = 0;
@@ -212,10 +213,7 @@ std::vector<MadePicture> MakePictures(std::int32_t width, std::int32_t height,
             const std::string name = std::to_string(width) + "x" + std::to_string(height) + "-" +
                                      kind.name + "-" + content + ".png";
             pictures.push_back(
-                {kind.name,
-                 content,
-                 {.Width = width, .Height = height, .BitDepth = kind.depth, .ColorType = kind.type},
-                 folder / name});
+                {kind.name, content, Header(width, height, kind.depth, kind.type), folder / name});
         }
     }
     for (const char* content : {"flat", "photo"}) {

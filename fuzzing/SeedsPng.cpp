@@ -10,13 +10,13 @@ namespace editor {
 namespace {
 
 void WriteFiles(const std::filesystem::path& folder) {
-    const HeaderRec colour = {.Width = 9, .Height = 6, .BitDepth = 8, .ColorType = Truecolour};
-    const HeaderRec indexed = {.Width = 9, .Height = 6, .BitDepth = 4, .ColorType = PaletteIndex};
+    const HeaderRec colour = Header(9, 6, 8, Truecolour);
+    const HeaderRec indexed = Header(9, 6, 4, PaletteIndex);
     HeaderRec interlaced = colour;
     interlaced.Interlace = 1;
     const Bytes all = {0, 1, 2, 3, 4, 4};
     const Bytes pixels = Filtered(colour, NoiseRows(colour, 1), all);
-    const Bytes palette = Chunk("PLTE", NoiseRows({.Width = 48, .Height = 1, .BitDepth = 8}, 2));
+    const Bytes palette = Chunk("PLTE", NoiseRows(Header(48, 1, 8, Greyscale), 2));
     WriteFile(folder / "colour.png", PngOf(colour, pixels, Chunk("teXt", {1, 2, 3})));
     WriteFile(folder / "palette.png",
               PngOf(indexed, Filtered(indexed, NoiseRows(indexed, 3), all),
@@ -43,7 +43,7 @@ void WriteRecipes(const std::filesystem::path& folder) {
                                   .y = 3};
         Bytes bytes(sizeof recipe);
         std::memcpy(bytes.data(), &recipe, sizeof recipe);
-        const Bytes rest = NoiseRows({.Width = 800, .Height = 1, .BitDepth = 8}, kind);
+        const Bytes rest = NoiseRows(Header(800, 1, 8, Greyscale), kind);
         WriteFile(folder / ("recipe-" + std::to_string(kind)), Join({bytes, rest}));
     }
 }

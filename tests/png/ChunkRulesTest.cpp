@@ -8,14 +8,12 @@ namespace {
 
 using ChunkRulesTest = PngFixture;
 
-constexpr HeaderRec Grey = {.Width = 1, .Height = 1, .BitDepth = 8, .ColorType = Greyscale};
-constexpr HeaderRec Colour = {.Width = 1, .Height = 1, .BitDepth = 8, .ColorType = Truecolour};
-constexpr HeaderRec Indexed = {.Width = 1, .Height = 1, .BitDepth = 8, .ColorType = PaletteIndex};
+const HeaderRec Grey = Header(1, 1, 8, Greyscale);
+const HeaderRec Colour = Header(1, 1, 8, Truecolour);
+const HeaderRec Indexed = Header(1, 1, 8, PaletteIndex);
 
-HeaderRec With(HeaderRec header, std::uint8_t depth, std::uint8_t type) {
-    header.BitDepth = depth;
-    header.ColorType = type;
-    return header;
+Bytes IHDROf(std::uint8_t depth, std::uint8_t type) {
+    return IHDR(Header(1, 1, depth, type));
 }
 
 Bytes PLTE(std::size_t bytes) {
@@ -67,25 +65,25 @@ std::vector<FileCase> RefusedFiles() {
         {"compression 1", Join({IHDR(compression), data, end})},
         {"filter method 1", Join({IHDR(filter), data, end})},
         {"interlace 2", Join({IHDR(interlace), data, end})},
-        {"palette of 16 bits", Join({IHDR(With(Grey, 16, 3)), PLTE(3), data, end})},
-        {"truecolour of 4 bits", Join({IHDR(With(Grey, 4, 2)), data, end})},
-        {"colour type 5", Join({IHDR(With(Grey, 8, 5)), data, end})},
-        {"depth 0", Join({IHDR(With(Grey, 0, 0)), data, end})},
+        {"palette of 16 bits", Join({IHDROf(16, 3), PLTE(3), data, end})},
+        {"truecolour of 4 bits", Join({IHDROf(4, 2), data, end})},
+        {"colour type 5", Join({IHDROf(8, 5), data, end})},
+        {"depth 0", Join({IHDROf(0, 0), data, end})},
         {"PLTE of 0 bytes", Join({colour, PLTE(0), data, end})},
         {"PLTE of 2 bytes", Join({colour, PLTE(2), data, end})},
         {"PLTE of 301 bytes", Join({colour, PLTE(301), data, end})},
         {"PLTE of 257 entries", Join({colour, PLTE(771), data, end})},
-        {"PLTE of 5 entries for 2 bits", Join({IHDR(With(Grey, 2, 3)), PLTE(15), data, end})},
+        {"PLTE of 5 entries for 2 bits", Join({IHDROf(2, 3), PLTE(15), data, end})},
         {"PLTE in greyscale", Join({grey, PLTE(3), data, end})},
-        {"PLTE in greyscale with alpha", Join({IHDR(With(Grey, 8, 4)), PLTE(3), data, end})},
+        {"PLTE in greyscale with alpha", Join({IHDROf(8, 4), PLTE(3), data, end})},
         {"a second PLTE", Join({colour, PLTE(3), PLTE(3), data, end})},
         {"PLTE after IDAT", Join({colour, data, PLTE(3), end})},
         {"PLTE without IHDR", Join({PLTE(3), end})},
         {"a palette image without PLTE", Join({indexed, data, end})},
         {"tRNS before PLTE", Join({indexed, tRNS, PLTE(6), data, end})},
         {"tRNS longer than PLTE", Join({indexed, PLTE(3), tRNS, data, end})},
-        {"tRNS in greyscale with alpha", Join({IHDR(With(Grey, 8, 4)), tRNS, data, end})},
-        {"tRNS in truecolour with alpha", Join({IHDR(With(Grey, 8, 6)), tRNS, data, end})},
+        {"tRNS in greyscale with alpha", Join({IHDROf(8, 4), tRNS, data, end})},
+        {"tRNS in truecolour with alpha", Join({IHDROf(8, 6), tRNS, data, end})},
         {"tRNS after IDAT", Join({grey, data, tRNS, end})},
         {"bKGD before PLTE", Join({indexed, bKGD, PLTE(3), data, end})},
         {"bKGD after IDAT", Join({grey, data, bKGD, end})},
@@ -147,7 +145,7 @@ TEST_F(ChunkRulesTest, FilesWithinTheRulesAreAccepted) {
 TEST_F(ChunkRulesTest, WithoutAnImageToHoldNothingIsDrawn) {
     DrawingSurface surface(1, 1);
     EXPECT_THROW(png_.DrawToDC(surface, 0, 0), std::runtime_error);
-    HeaderRec interlaced = {.Width = 7, .Height = 5, .BitDepth = 4, .ColorType = Greyscale};
+    HeaderRec interlaced = Header(7, 5, 4, Greyscale);
     interlaced.Interlace = 1;
     ASSERT_EQ(Load(Join({Signature(), IHDR(interlaced), IEND()})), 0);
     EXPECT_TRUE(png_.Interlaced());
@@ -164,11 +162,7 @@ TEST_F(ChunkRulesTest, WithoutAnImageToHoldNothingIsDrawn) {
 }
 
 TEST_F(ChunkRulesTest, AnErrorWhileDecodingLeavesTheNewHeaderAndTheOldImage) {
-    const auto sized = [](std::int32_t width, std::int32_t height, std::uint8_t depth,
-                          std::uint8_t type) {
-        return IHDR({.Width = width, .Height = height, .BitDepth = depth, .ColorType = type});
-    };
-    const Bytes one = sized(1, 1, 8, Greyscale), end = IEND();
+    const Bytes one = IHDR(Header(1, 1, 8, Greyscale)), end = IEND();
     Bytes corrupt = Deflated(Bytes(99, 7));
     corrupt[5] ^= 0xff;
     const Bytes whole = Deflated({0, 1});
@@ -181,10 +175,13 @@ TEST_F(ChunkRulesTest, AnErrorWhileDecodingLeavesTheNewHeaderAndTheOldImage) {
         {"a stream of nothing", Join({one, IDAT({}), end})},
         {"more data than the header says", Join({one, IDAT({0, 1, 2}), end})},
         {"an index beyond the palette of an image with transparency",
-         Join({sized(1, 1, 8, PaletteIndex), PLTE(6), Chunk("tRNS", {0}), IDAT({0, 2}), end})},
-        {"a row of 2^31 bits", Join({sized(1 << 26, 1, 8, TruecolourAlpha), IDAT({0}), end})},
-        {"an image of 2^31 bytes", Join({sized(1 << 16, 1 << 15, 8, Greyscale), IDAT({0}), end})},
-        {"a bitmap of 2^31 bytes", Join({sized(1 << 15, 1 << 14, 8, PaletteIndex), PLTE(3),
+         Join({IHDR(Header(1, 1, 8, PaletteIndex)), PLTE(6), Chunk("tRNS", {0}), IDAT({0, 2}),
+               end})},
+        {"a row of 2^31 bits",
+         Join({IHDR(Header(1 << 26, 1, 8, TruecolourAlpha)), IDAT({0}), end})},
+        {"an image of 2^31 bytes",
+         Join({IHDR(Header(1 << 16, 1 << 15, 8, Greyscale)), IDAT({0}), end})},
+        {"a bitmap of 2^31 bytes", Join({IHDR(Header(1 << 15, 1 << 14, 8, PaletteIndex)), PLTE(3),
                                          Chunk("tRNS", {0}), IDAT({0}), end})},
     };
     ASSERT_EQ(Load(OnePixelPng()), 0);

@@ -30,7 +30,7 @@ TEST_F(DrawingTest, BlendingDividesBy256AndKeepsTheEndsExact) {
 }
 
 TEST_F(DrawingTest, BlendingManyPixelsAtOnceIsBlendingEachAlone) {
-    const HeaderRec header = {.Width = 23, .Height = 256, .BitDepth = 8, .ColorType = 6};
+    const HeaderRec header = Header(23, 256, 8, 6);
     Bytes pixels = NoiseRows(header, 1);
     const Bytes backgrounds = NoiseRows(header, 2);
     for (std::size_t row = 0; row < 256; ++row) {
@@ -51,8 +51,8 @@ TEST_F(DrawingTest, BlendingManyPixelsAtOnceIsBlendingEachAlone) {
 }
 
 TEST_F(DrawingTest, AnImageIsPutAtItsPositionAndCutOffAtTheEdges) {
-    const HeaderRec plain = {.Width = 3, .Height = 2, .BitDepth = 4, .ColorType = Greyscale};
-    const HeaderRec blended = {.Width = 3, .Height = 2, .BitDepth = 8, .ColorType = GreyscaleAlpha};
+    const HeaderRec plain = Header(3, 2, 4, Greyscale);
+    const HeaderRec blended = Header(3, 2, 8, GreyscaleAlpha);
     const Bytes plainRows = {0, 0x12, 0x30, 0, 0x45, 0x60};
     const Bytes blendedRows = {0, 17, 255, 34, 255, 51, 255, 0, 68, 255, 85, 255, 102, 255};
     struct Position {
@@ -82,7 +82,7 @@ TEST_F(DrawingTest, AnImageIsPutAtItsPositionAndCutOffAtTheEdges) {
 }
 
 TEST_F(DrawingTest, AnIndexBeyondTheColourTableIsDrawnBlack) {
-    const HeaderRec header = {.Width = 2, .Height = 1, .BitDepth = 8, .ColorType = PaletteIndex};
+    const HeaderRec header = Header(2, 1, 8, PaletteIndex);
     ASSERT_EQ(Load(PngOf(header, {0, 0, 200}, Chunk("PLTE", {1, 2, 3}))), 0);
     EXPECT_EQ(Drawn(), (std::vector<std::uint32_t>{0xff010203, 0xff000000}));
 }

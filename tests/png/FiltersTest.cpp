@@ -22,12 +22,10 @@ TEST(FiltersTest, SizesOfRowsFollowFromTheHeader) {
         std::int32_t rowBytes;
         std::int32_t bytesPerPixel;
     };
-    for (const Row& row : {Row{{.Width = 1, .BitDepth = 1, .ColorType = Greyscale}, 2, 1},
-                           Row{{.Width = 5, .BitDepth = 8, .ColorType = Greyscale}, 6, 1},
-                           Row{{.Width = 3, .BitDepth = 16, .ColorType = TruecolourAlpha}, 25, 8},
-                           Row{{.Width = 9, .BitDepth = 4, .ColorType = PaletteIndex}, 6, 1},
-                           Row{{.Width = 2, .BitDepth = 16, .ColorType = GreyscaleAlpha}, 9, 4},
-                           Row{{.Width = 2, .BitDepth = 8, .ColorType = Truecolour}, 7, 3}}) {
+    for (const Row& row :
+         {Row{Header(1, 1, 1, Greyscale), 2, 1}, Row{Header(5, 1, 8, Greyscale), 6, 1},
+          Row{Header(3, 1, 16, TruecolourAlpha), 25, 8}, Row{Header(9, 1, 4, PaletteIndex), 6, 1},
+          Row{Header(2, 1, 16, GreyscaleAlpha), 9, 4}, Row{Header(2, 1, 8, Truecolour), 7, 3}}) {
         EXPECT_EQ(RowBytes(row.header), row.rowBytes);
         EXPECT_EQ(BytesPerPixel(row.header), row.bytesPerPixel);
     }
@@ -35,11 +33,7 @@ TEST(FiltersTest, SizesOfRowsFollowFromTheHeader) {
 
 // Rows to filter: noise, and the values at which sums wrap and predictors tie.
 Bytes Row(std::size_t size, std::uint32_t seed) {
-    Bytes row = NoiseRows({.Width = static_cast<std::int32_t>(size),
-                           .Height = 1,
-                           .BitDepth = 8,
-                           .ColorType = Greyscale},
-                          seed);
+    Bytes row = NoiseRows(Header(static_cast<std::int32_t>(size), 1, 8, Greyscale), seed);
     for (std::size_t i = seed % 5; i < size; i += 5) {
         row[i] = static_cast<std::uint8_t>((seed + i) % 3 * 127 + (seed + i) % 2);
     }

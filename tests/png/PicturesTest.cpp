@@ -69,8 +69,7 @@ TEST_P(EveryKindOfPicture, IsDrawnAsTheReferenceReaderSeesIt) {
         before = Join({before, Chunk("tRNS", alphas)});
     }
     for (const std::int32_t width : {1, 2, 3, 5, 8, 17, 61}) {
-        const HeaderRec header = {
-            .Width = width, .Height = 13, .BitDepth = kind.depth, .ColorType = kind.type};
+        const HeaderRec header = Header(width, 13, kind.depth, kind.type);
         const Bytes rows = NoiseRows(header, static_cast<std::uint32_t>(width));
         for (const Bytes& filters : FilterSequences) {
             const Bytes file = PngOf(header, Filtered(header, rows, filters), before);
@@ -90,8 +89,7 @@ INSTANTIATE_TEST_SUITE_P(AllKinds, EveryKindOfPicture, testing::ValuesIn(Kinds))
 TEST_F(PicturesTest, LargerThanACacheIsDrawnAsTheReferenceReaderSeesIt) {
     for (const Kind kind : {Kind{Truecolour, 8}, Kind{TruecolourAlpha, 8},
                             Kind{TruecolourAlpha, 16}, Kind{GreyscaleAlpha, 16}}) {
-        const HeaderRec header = {
-            .Width = 701, .Height = 503, .BitDepth = kind.depth, .ColorType = kind.type};
+        const HeaderRec header = Header(701, 503, kind.depth, kind.type);
         const Bytes file =
             PngOf(header, Filtered(header, NoiseRows(header, 5), {4, 4, 4, 3, 4, 1, 2}));
         ASSERT_EQ(Load(file), 0);
@@ -99,107 +97,52 @@ TEST_F(PicturesTest, LargerThanACacheIsDrawnAsTheReferenceReaderSeesIt) {
     }
 }
 
-Bytes GreyRamp() {
-    Bytes quads;
-    for (int i = 0; i < 256; ++i) {
-        const auto grey = static_cast<std::uint8_t>(i);
-        quads.insert(quads.end(), {grey, grey, grey, 0});
+class HeldPictures : public PngFixture {
+  protected:
+    // `pixels`: the bottom row first, padded; `before`: the chunks between IHDR and IDAT.
+    void Expect(const char* name, const HeaderRec& header, const Bytes& filtered,
+                std::uint16_t bitCount, const Bytes& pixels, const Bytes& palette = {},
+                const Bytes& before = {}) {
+        SCOPED_TRACE(name);
+        ASSERT_EQ(Load(PngOf(header, filtered, before)), 0);
+        BITMAPINFOHEADER bitmap;
+        bitmap.biSize = 40;
+        bitmap.biWidth = header.Width;
+        bitmap.biHeight = header.Height;
+        bitmap.biPlanes = 1;
+        bitmap.biBitCount = bitCount;
+        bitmap.biClrUsed = bitCount <= 8 ? static_cast<std::uint32_t>(palette.size() / 4) : 0;
+        EXPECT_EQ(mdlPNG.PngImage.Header, bitmap);
+        EXPECT_EQ(mdlPNG.PngImage.Palette, palette);
+        EXPECT_EQ(HeldPixels(), pixels);
     }
-    return quads;
-}
-
-struct HeldCase {
-    const char* name;
-    HeaderRec header;
-    Bytes before;
-    Bytes filtered;
-    std::uint16_t bitCount;
-    Bytes palette;
-    Bytes pixels; // bottom row first, padded
 };
 
-TEST_F(PicturesTest, AreHeldAsBottomUpBitmapsWithPaddedRows) {
-    const Bytes twoEntries = Chunk("PLTE", {1, 2, 3, 4, 5, 6});
-    const HeldCase cases[] = {
-        {"truecolour rows are blue, green, red",
-         {.Width = 3, .Height = 2, .BitDepth = 8, .ColorType = Truecolour},
-         {},
-         {0, 10, 20, 30, 11, 21, 31, 12, 22, 32, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9},
-         24,
-         {},
-         {3, 2, 1, 6, 5, 4, 9, 8, 7, 0, 0, 0, 30, 20, 10, 31, 21, 11, 32, 22, 12, 0, 0, 0}},
-        {"2-bit samples are spread to bytes",
-         {.Width = 5, .Height = 1, .BitDepth = 2, .ColorType = Greyscale},
-         {},
-         {0, 0x1B, 0xC0},
-         8,
-         {0, 0, 0, 0, 85, 85, 85, 0, 170, 170, 170, 0, 255, 255, 255, 0},
-         {0, 1, 2, 3, 3, 0, 0, 0}},
-        {"1-bit rows stay packed",
-         {.Width = 9, .Height = 1, .BitDepth = 1, .ColorType = PaletteIndex},
-         twoEntries,
-         {0, 0xA5, 0x80},
-         1,
-         {3, 2, 1, 0, 6, 5, 4, 0},
-         {0xA5, 0x80, 0, 0}},
-        {"16-bit samples lose their lower half",
-         {.Width = 2, .Height = 1, .BitDepth = 16, .ColorType = Truecolour},
-         {},
-         {0, 0x12, 0x34, 0xAB, 0xCD, 0x56, 0xFF, 1, 0, 2, 0, 3, 0},
-         24,
-         {},
-         {0x56, 0xAB, 0x12, 3, 2, 1, 0, 0}},
-        {"grey with alpha becomes 32 bits",
-         {.Width = 1, .Height = 2, .BitDepth = 8, .ColorType = GreyscaleAlpha},
-         {},
-         {0, 7, 9, 0, 8, 200},
-         32,
-         {},
-         {8, 8, 8, 200, 7, 7, 7, 9}},
-        {"a palette with alpha becomes 32 bits and keeps its table",
-         {.Width = 3, .Height = 1, .BitDepth = 4, .ColorType = PaletteIndex},
-         Join({twoEntries, Chunk("tRNS", {128})}),
-         {0, 0x01, 0x0F}, // the row's last 4 bits belong to no pixel
-         32,
-         {3, 2, 1, 0, 6, 5, 4, 0},
-         {3, 2, 1, 128, 6, 5, 4, 255, 3, 2, 1, 128}},
-        {"an empty tRNS chunk leaves the palette opaque",
-         {.Width = 1, .Height = 1, .BitDepth = 8, .ColorType = PaletteIndex},
-         Join({twoEntries, Chunk("tRNS")}),
-         {0, 1},
-         8,
-         {3, 2, 1, 0, 6, 5, 4, 0},
-         {1, 0, 0, 0}},
-        {"tRNS of a truecolour image counts for nothing",
-         {.Width = 1, .Height = 1, .BitDepth = 8, .ColorType = Truecolour},
-         Chunk("tRNS", {0, 10, 0, 20, 0, 30}),
-         {0, 10, 20, 30},
-         24,
-         {},
-         {30, 20, 10, 0}},
-        {"an unknown filter type changes nothing, and a short stream leaves zeros",
-         {.Width = 4, .Height = 2, .BitDepth = 8, .ColorType = Greyscale},
-         {},
-         {7, 1, 2, 3, 4},
-         8,
-         GreyRamp(),
-         {0, 0, 0, 0, 1, 2, 3, 4}}};
-    for (const HeldCase& row : cases) {
-        SCOPED_TRACE(row.name);
-        ASSERT_EQ(Load(PngOf(row.header, row.filtered, row.before)), 0);
-        const BITMAPINFOHEADER& held = mdlPNG.PngImage.Header;
-        EXPECT_EQ(held,
-                  (BITMAPINFOHEADER{.biSize = 40,
-                                    .biWidth = row.header.Width,
-                                    .biHeight = row.header.Height,
-                                    .biPlanes = 1,
-                                    .biBitCount = row.bitCount,
-                                    .biClrUsed = row.bitCount <= 8 ? static_cast<std::uint32_t>(
-                                                                         row.palette.size() / 4)
-                                                                   : 0}));
-        EXPECT_EQ(mdlPNG.PngImage.Palette, row.palette);
-        EXPECT_EQ(HeldPixels(), row.pixels);
-    }
+TEST_F(HeldPictures, AreBottomUpBitmapsWithPaddedRows) {
+    const Bytes PLTE = Chunk("PLTE", {1, 2, 3, 4, 5, 6});
+    const Bytes quads = {3, 2, 1, 0, 6, 5, 4, 0};
+    Expect("truecolour rows are blue, green, red", Header(2, 2, 8, Truecolour),
+           {0, 10, 20, 30, 11, 21, 31, 0, 1, 2, 3, 4, 5, 6}, 24,
+           {3, 2, 1, 6, 5, 4, 0, 0, 30, 20, 10, 31, 21, 11, 0, 0});
+    Expect("2-bit samples are spread to bytes", Header(5, 1, 2, Greyscale), {0, 0x1B, 0xC0}, 8,
+           {0, 1, 2, 3, 3, 0, 0, 0},
+           {0, 0, 0, 0, 85, 85, 85, 0, 170, 170, 170, 0, 255, 255, 255, 0});
+    Expect("1-bit rows stay packed", Header(9, 1, 1, PaletteIndex), {0, 0xA5, 0x80}, 1,
+           {0xA5, 0x80, 0, 0}, quads, PLTE);
+    Expect("16-bit samples lose their lower half", Header(1, 1, 16, Truecolour),
+           {0, 0x12, 0x34, 0xAB, 0xCD, 0x56, 0xFF}, 24, {0x56, 0xAB, 0x12, 0});
+    Expect("grey with alpha becomes 32 bits", Header(1, 2, 8, GreyscaleAlpha), {0, 7, 9, 0, 8, 200},
+           32, {8, 8, 8, 200, 7, 7, 7, 9});
+    Expect("a palette with alpha becomes 32 bits, whatever stands behind a row's last pixel",
+           Header(3, 1, 4, PaletteIndex), {0, 0x01, 0x0F}, 32,
+           {3, 2, 1, 128, 6, 5, 4, 255, 3, 2, 1, 128}, quads, Join({PLTE, Chunk("tRNS", {128})}));
+    Expect("an empty tRNS chunk leaves the palette opaque", Header(1, 1, 8, PaletteIndex), {0, 1},
+           8, {1, 0, 0, 0}, quads, Join({PLTE, Chunk("tRNS")}));
+    Expect("tRNS of a truecolour image counts for nothing", Header(1, 1, 8, Truecolour),
+           {0, 10, 20, 30}, 24, {30, 20, 10, 0}, {}, Chunk("tRNS", {0, 10, 0, 20, 0, 30}));
+    Expect("an unknown filter type changes nothing, and a short stream leaves zeros",
+           Header(4, 2, 8, PaletteIndex), {7, 1, 2, 3, 4}, 8, {0, 0, 0, 0, 1, 2, 3, 4}, quads,
+           PLTE);
 }
 
 } // namespace

@@ -55,6 +55,11 @@ Bytes Chunk(std::string_view type, const Bytes& data) {
     return Join({BigEndian(static_cast<std::uint32_t>(data.size())), body, BigEndian(crc)});
 }
 
+HeaderRec Header(std::int32_t width, std::int32_t height, std::uint8_t bitDepth,
+                 std::uint8_t colorType) {
+    return {.Width = width, .Height = height, .BitDepth = bitDepth, .ColorType = colorType};
+}
+
 Bytes Signature() {
     return {137, 'P', 'N', 'G', '\r', '\n', 26, '\n'};
 }
@@ -119,8 +124,7 @@ Bytes PngOf(const HeaderRec& header, const Bytes& filtered, const Bytes& before)
 }
 
 Bytes OnePixelPng() {
-    return PngOf({.Width = 1, .Height = 1, .BitDepth = 8, .ColorType = Truecolour},
-                 {0, 10, 20, 30});
+    return PngOf(Header(1, 1, 8, Truecolour), {0, 10, 20, 30});
 }
 
 void WriteFile(const std::filesystem::path& path, const Bytes& bytes) {

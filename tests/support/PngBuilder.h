@@ -19,6 +19,10 @@ using Bytes = std::vector<std::uint8_t>;
 /// One chunk with its length and its right CRC.
 [[nodiscard]] Bytes Chunk(std::string_view type, const Bytes& data = {});
 
+/// A header as it is without interlacing.
+[[nodiscard]] HeaderRec Header(std::int32_t width, std::int32_t height, std::uint8_t bitDepth,
+                               std::uint8_t colorType);
+
 [[nodiscard]] Bytes Signature();
 [[nodiscard]] Bytes IHDR(const HeaderRec& header);
 [[nodiscard]] Bytes IDAT(const Bytes& filtered); // deflates it
