@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 namespace editor {
 namespace {
@@ -16,62 +17,88 @@ constexpr int MaximumRegionRects = 256;
 // not count as the whole rectangle around it.
 constexpr int ChangePiece = 64;
 
+// How far a mark's pixels may lie from its points.
+constexpr int MaximumReach = 3;
+
 int SourceIndex(int view, int pictureSize, int stretchedSize) {
     return static_cast<int>(static_cast<std::int64_t>(view) * pictureSize / stretchedSize);
 }
 
-/// The pixels of a row of the picture that stand behind a run of view pixels.
+/// The pixels of a row of the picture that stand behind a run of view pixels. The zooms have loops
+/// of their own; only a view of another size goes by an index a pixel.
 class SourceRun {
   public:
     SourceRun(int first, int count, int pictureSize, int stretchedSize)
         : first_(SourceIndex(first, pictureSize, stretchedSize)), count_(count) {
         if (pictureSize % stretchedSize == 0) {
             step_ = pictureSize / stretchedSize;
-            return;
-        }
-        indices_.resize(static_cast<std::size_t>(count));
-        for (int i = 0; i < count; ++i) {
-            indices_[static_cast<std::size_t>(i)] =
-                SourceIndex(first + i, pictureSize, stretchedSize);
+        } else if (stretchedSize % pictureSize == 0) {
+            repeat_ = stretchedSize / pictureSize;
+            repeated_ = first % repeat_;
+        } else {
+            indices_.resize(static_cast<std::size_t>(count));
+            for (int i = 0; i < count; ++i) {
+                indices_[static_cast<std::size_t>(i)] =
+                    SourceIndex(first + i, pictureSize, stretchedSize);
+            }
         }
     }
 
-    /// Writes the run's pixels of `row`. The usual zooms have loops of their own.
+    /// Writes the run's pixels of `row`.
     void Copy(std::uint32_t* target, const std::uint32_t* row) const {
-        switch (step_) {
-        case 0:
-            for (std::size_t i = 0; i < indices_.size(); ++i) {
-                target[i] = row[indices_[i]];
-            }
-            break;
-        case 1:
+        if (step_ == 1) {
             std::memcpy(target, row + first_,
                         static_cast<std::size_t>(count_) * sizeof(std::uint32_t));
-            break;
-        case 2:
-            CopyEvery<2>(target, row + first_);
-            break;
-        case 4:
-            CopyEvery<4>(target, row + first_);
-            break;
-        default:
-            for (int i = 0; i < count_; ++i) {
-                target[i] = row[first_ + i * step_];
-            }
+        } else if (step_ == 2) {
+            CopyEvery(std::integral_constant<int, 2>(), target, row + first_);
+        } else if (step_ == 4) {
+            CopyEvery(std::integral_constant<int, 4>(), target, row + first_);
+        } else if (step_ > 0) {
+            CopyEvery(step_, target, row + first_);
+        } else if (repeat_ == 2) {
+            Repeat(std::integral_constant<int, 2>(), target, row + first_);
+        } else if (repeat_ == 4) {
+            Repeat(std::integral_constant<int, 4>(), target, row + first_);
+        } else if (repeat_ == 8) {
+            Repeat(std::integral_constant<int, 8>(), target, row + first_);
+        } else if (repeat_ > 0) {
+            Repeat(repeat_, target, row + first_);
+        } else {
+            std::transform(indices_.begin(), indices_.end(), target,
+                           [row](int index) { return row[index]; });
         }
     }
 
   private:
-    template <int Step>
-    void CopyEvery(std::uint32_t* target, const std::uint32_t* source) const {
+    // `step` and `times` are constants where the compiler is to know them.
+    template <class Step>
+    void CopyEvery(Step step, std::uint32_t* target, const std::uint32_t* source) const {
         for (int i = 0; i < count_; ++i) {
-            target[i] = source[i * Step];
+            target[i] = source[i * step];
+        }
+    }
+
+    template <class Times>
+    void Repeat(Times times, std::uint32_t* target, const std::uint32_t* source) const {
+        std::uint32_t* const end = target + count_;
+        const std::ptrdiff_t begun = times - repeated_; // what is left of the first pixel
+        target = std::fill_n(target, std::min<std::ptrdiff_t>(begun, count_), *source);
+        for (; end - target >= times; target += times) {
+            ++source;
+            for (int i = 0; i < times; ++i) {
+                target[i] = *source;
+            }
+        }
+        if (target < end) {
+            std::fill(target, end, source[1]);
         }
     }
 
     int first_;
     int count_;
-    int step_ = 0; // 0: by index
+    int step_ = 0;     // picture pixels from view pixel to view pixel, where that is whole
+    int repeat_ = 0;   // view pixels of a picture pixel, where that is whole
+    int repeated_ = 0; // of which so many lie before the run
     std::vector<int> indices_;
 };
 
@@ -196,6 +223,10 @@ void PersistentImage::Paint(std::uint32_t* target, qsizetype stride, const QRect
     PaintBackground(target, stride, exposed);
     const RasterTarget raster{target, stride, exposed};
     for (const Mark& mark : marks_) {
+        if (std::max(mark.y1, mark.y2) + MaximumReach < exposed.top() ||
+            std::min(mark.y1, mark.y2) - MaximumReach > exposed.bottom()) {
+            continue;
+        }
         if (mark.circle) {
             PaintCircle(raster, QPoint(mark.x1, mark.y1), mark.width, mark.colour, mark.fill);
         } else {

@@ -26,6 +26,10 @@ class PersistentImage {
     /// Radius of every circle in pixels.
     static constexpr int CircleRadius = 2;
 
+    /// The most rows that Paint() should be asked for at a time: so many fit into a processor's own
+    /// cache, where the marks find the background and the window finds both.
+    static constexpr int BandHeight = 256;
+
     /// What is seen where there is no background.
     static constexpr std::uint32_t PlainColour = 0xff808080;
 

@@ -53,17 +53,22 @@ class frmWaypoint::Canvas : public QWidget {
     }
 
   protected:
-    // Only the exposed rectangles are worked out, into buffers that are kept: new ones for each
-    // frame would cost more than the painting.
+    // Only the exposed rectangles are worked out, band by band, into buffers that are kept: new
+    // ones for each frame would cost more than the painting.
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
+        const qreal scale = devicePixelRatioF();
         for (const QRect& exposed : event->region()) {
-            const qreal scale = devicePixelRatioF();
-            if (scale == 1) {
-                painter.drawImage(exposed.topLeft(), Painted(exposed),
-                                  QRect(QPoint(0, 0), exposed.size()));
-            } else {
-                PaintScaled(painter, Widened(exposed) & rect(), scale);
+            for (int top = exposed.top(); top <= exposed.bottom();
+                 top += PersistentImage::BandHeight) {
+                const QRect band = exposed & QRect(exposed.left(), top, exposed.width(),
+                                                   PersistentImage::BandHeight);
+                if (scale == 1) {
+                    painter.drawImage(band.topLeft(), Painted(band),
+                                      QRect(QPoint(0, 0), band.size()));
+                } else {
+                    PaintScaled(painter, Widened(band) & rect(), scale);
+                }
             }
         }
     }
