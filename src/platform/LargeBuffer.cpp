@@ -53,9 +53,9 @@ void ReturnPages(std::uint8_t*, std::size_t) {}
 constexpr std::size_t PageSize = 4096;
 constexpr std::size_t MostOfAHugePage = HugePageSize / 4 * 3;
 
-// Touched pages are better still: a few blocks that were freed are kept for the next buffers, but
-// not more than should lie idle. As many as a picture takes while it is loaded: its file, what is
-// inflated from it, and its bitmap, from which the surface is drawn.
+// Touched pages are better still: a few blocks that were freed are kept for the next buffers. As
+// many as a picture takes while it is loaded: its file, what is inflated from it, and its bitmap;
+// and no more than may lie idle.
 constexpr std::size_t MaximumKept = std::size_t{128} << 20; // bytes in all
 
 struct Block {

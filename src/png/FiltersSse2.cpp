@@ -93,12 +93,11 @@ struct AverageStep {
 
 // x + PaethPredictor(a, b, c) in 16-bit lanes that hold 0 to 255 each.
 //
-// With lo and hi the smaller and the larger of a and b, the distances of p = a + b - c from a, b
-// and c compare like the threshold t = 3c - a - b with lo and hi: when t >= hi the predictor is lo,
-// when t <= lo it is hi, otherwise it lies nearest to c. (p's distances from a and b are |b - c|
-// and |a - c|; between lo and hi, c is nearest as long as it is within a third of the middle.
-// Both conditions hold only when a = b = c, where all answers are the same.) So the predictor is c
-// plus one of two differences, or neither.
+// Let lo and hi be the smaller and the larger of a and b, u = c - lo and v = hi - c. For c between
+// them, p = a + b - c lies v from lo, u from hi and |u - v| from c: lo is as near as c when
+// 2v <= u, and hi when 2u <= v. For c beyond hi or lo the same two inequalities tell which of them
+// is nearest. With t = 3c - a - b they read t >= hi and t <= lo, and both hold only when a = b = c.
+// So the predictor is c plus one of two differences, or neither.
 __m128i AddPaeth(__m128i x, __m128i a, __m128i b, __m128i c) {
     const __m128i lo = _mm_min_epi16(a, b);
     const __m128i hi = _mm_max_epi16(a, b);
