@@ -1,12 +1,9 @@
-#include "platform/DrawingSurface.h"
 #include "platform/LargeBuffer.h"
-#include "platform/Picture.h"
 
 #include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <new>
-#include <stdexcept>
 #include <vector>
 
 namespace editor {
@@ -60,30 +57,6 @@ TEST(BuffersTest, GivingBackAPartLeavesTheRestAlone) {
     EXPECT_EQ(buffer.data()[next], 5);
     std::memset(buffer.data() + 2 * MiB, 6, 4 * MiB);
     EXPECT_EQ(buffer.data()[next - 1], 6);
-}
-
-TEST(BuffersTest, ASurfaceIsGreyWhereNothingWasDrawnAndBecomesAPicture) {
-    DrawingSurface surface(2, 4);
-    std::fill_n(surface.RowToCover(2), 2, 0xff000001);
-    surface.row(0)[1] = 0xff000002;
-    const Picture picture(std::move(surface));
-    ASSERT_EQ(picture.width(), 2);
-    ASSERT_EQ(picture.height(), 4);
-    constexpr std::uint32_t Grey = DrawingSurface::InitialColour;
-    const std::uint32_t expected[] = {Grey,       0xff000002, Grey, Grey,
-                                      0xff000001, 0xff000001, Grey, Grey};
-    for (int i = 0; i < 8; ++i) {
-        EXPECT_EQ(picture.row(i / 2)[i % 2], expected[i]) << i;
-    }
-    EXPECT_TRUE(Picture(DrawingSurface(0, 5)).isNull());
-}
-
-TEST(BuffersTest, ARowOfABitmapIsAMultipleOfFourBytes) {
-    EXPECT_EQ(DibStride(1, 1), 4);
-    EXPECT_EQ(DibStride(33, 1), 8);
-    EXPECT_EQ(DibStride(3, 24), 12);
-    EXPECT_EQ(DibStride((1 << 26) - 1, 32), ((1 << 26) - 1) * 4);
-    EXPECT_THROW(static_cast<void>(DibStride(1 << 26, 32)), std::overflow_error);
 }
 
 } // namespace

@@ -3,29 +3,22 @@
 #include "png/PngFixture.h"
 
 #include <cstring>
-#include <limits>
 
 namespace editor {
 namespace {
 
 using DrawingTest = PngFixture;
 
-constexpr std::uint32_t Untouched = DrawingSurface::InitialColour;
-
 TEST_F(DrawingTest, BlendingDividesBy256AndKeepsTheEndsExact) {
-    struct Row {
-        std::uint32_t background;
-        Bytes pixel;
-        std::uint32_t result;
-    };
-    for (const Row& row :
+    using Row = std::tuple<std::uint32_t, Bytes, std::uint32_t>; // background, pixel, result
+    for (const auto& [background, pixel, result] :
          {Row{0xff000000, {255, 255, 255, 128}, 0xff808080},
           Row{0xff123456, {9, 9, 9, 0}, 0xff123456}, Row{0xff123456, {30, 20, 10, 255}, 0xff0a141e},
           Row{0xffffffff, {255, 255, 255, 1}, 0xffffffff},
           Row{0xff000000, {0, 1, 255, 254}, 0xfffe0100}}) {
-        std::uint32_t out = row.background;
-        BlendRow(&out, row.pixel.data(), 1);
-        EXPECT_EQ(out, row.result);
+        std::uint32_t out = background;
+        BlendRow(&out, pixel.data(), 1);
+        EXPECT_EQ(out, result);
     }
 }
 
@@ -34,15 +27,13 @@ TEST_F(DrawingTest, BlendingManyPixelsAtOnceIsBlendingEachAlone) {
     Bytes pixels = NoiseRows(header, 1);
     const Bytes backgrounds = NoiseRows(header, 2);
     for (std::size_t row = 0; row < 256; ++row) {
-        std::vector<std::uint32_t> together(23);
-        std::vector<std::uint32_t> alone(23);
+        std::array<std::uint32_t, 23> together, alone;
         std::uint8_t* first = &pixels[row * 92];
         for (std::size_t i = 0; i < 23; ++i) {
             // Every alpha once, and runs of both ends.
             first[4 * i + 3] = static_cast<std::uint8_t>(i < 8 ? row : i < 13 ? 0 : 255);
             std::memcpy(&together[i], &backgrounds[row * 92 + 4 * i], 4);
-            together[i] |= 0xff000000;
-            alone[i] = together[i];
+            alone[i] = together[i] |= 0xff000000;
             BlendRow(&alone[i], first + 4 * i, 1);
         }
         BlendRow(together.data(), first, 23);
@@ -51,32 +42,28 @@ TEST_F(DrawingTest, BlendingManyPixelsAtOnceIsBlendingEachAlone) {
 }
 
 TEST_F(DrawingTest, AnImageIsPutAtItsPositionAndCutOffAtTheEdges) {
-    const HeaderRec plain = Header(3, 2, 4, Greyscale);
-    const HeaderRec blended = Header(3, 2, 8, GreyscaleAlpha);
-    const Bytes plainRows = {0, 0x12, 0x30, 0, 0x45, 0x60};
-    const Bytes blendedRows = {0, 17, 255, 34, 255, 51, 255, 0, 68, 255, 85, 255, 102, 255};
-    struct Position {
-        std::int32_t x;
-        std::int32_t y;
-    };
-    for (const Bytes& file : {PngOf(plain, plainRows), PngOf(blended, blendedRows)}) {
+    const Bytes blended = {0, 17, 255, 34, 255, 51, 255, 0, 68, 255, 85, 255, 102, 255};
+    for (const Bytes& file : {PngOf(Header(3, 2, 4, Greyscale), {0, 0x12, 0x30, 0, 0x45, 0x60}),
+                              PngOf(Header(3, 2, 8, GreyscaleAlpha), blended)}) {
         ASSERT_EQ(Load(file), 0);
-        for (const Position at :
-             {Position{0, 0}, Position{1, 1}, Position{-1, -1}, Position{2, 2}, Position{-3, 0},
-              Position{0, 3}, Position{std::numeric_limits<std::int32_t>::max(), 0},
-              Position{0, std::numeric_limits<std::int32_t>::min()}}) {
-            DrawingSurface surface(4, 3);
-            png_.DrawToDC(surface, at.x, at.y);
-            std::vector<std::uint32_t> expected(12, Untouched);
-            for (std::int64_t i = 0; i < 6; ++i) {
-                const std::int64_t x = at.x + i % 3;
-                const std::int64_t y = at.y + i / 3;
-                if (x >= 0 && x < 4 && y >= 0 && y < 3) {
-                    expected[static_cast<std::size_t>(y * 4 + x)] =
-                        0xff000000U + 0x111111U * static_cast<std::uint32_t>(i + 1);
+        const std::array<int, 3> rows[] = {
+            // the surface's width, left, top
+            {4, 0, 0}, {4, 1, 1},         {4, -1, -1},       {4, 2, 2}, {4, -3, 0},
+            {4, 0, 3}, {4, INT32_MAX, 0}, {4, 0, INT32_MIN}, {3, 0, 1}, {3, 0, -1}};
+        for (const auto& [width, left, top] : rows) {
+            DrawingSurface surface(width, 4);
+            png_.DrawToDC(surface, left, top);
+            for (std::int64_t y = 0; y < 4; ++y) {
+                for (std::int64_t x = 0; x < width; ++x) {
+                    const std::int64_t column = x - left, row = y - top;
+                    const bool covered = column >= 0 && column < 3 && row >= 0 && row < 2;
+                    const auto pixel = static_cast<std::uint32_t>(row * 3 + column + 1);
+                    EXPECT_EQ(surface.row(static_cast<std::int32_t>(y))[x],
+                              covered ? 0xff000000U + 0x111111U * pixel
+                                      : DrawingSurface::InitialColour)
+                        << left << ", " << top;
                 }
             }
-            EXPECT_EQ(PixelsOf(surface), expected) << at.x << ", " << at.y;
         }
     }
 }

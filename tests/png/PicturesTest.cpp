@@ -5,26 +5,21 @@
 namespace editor {
 namespace {
 
-using PicturesTest = PngFixture;
-
 // The picture as Qt's reader sees it, with 16-bit samples cut to their upper halves and blended
 // over the surface's initial grey.
 std::vector<std::uint32_t> DrawnByQt(const Bytes& file) {
     const QImage image = QImage::fromData(file.data(), static_cast<int>(file.size()), "png")
                              .convertToFormat(QImage::Format_RGBA64);
     std::vector<std::uint32_t> pixels;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgba64 pixel = reinterpret_cast<const QRgba64*>(image.constScanLine(y))[x];
-            const int alpha = pixel.alpha() >> 8;
-            std::uint32_t drawn = 0xff;
-            for (const int sample : {pixel.red() >> 8, pixel.green() >> 8, pixel.blue() >> 8}) {
-                const int blended = ((255 - alpha) * 0x80 + alpha * sample + 255) / 256;
-                drawn = drawn << 8 | static_cast<std::uint32_t>(alpha == 0     ? 0x80
-                                                                : alpha == 255 ? sample
-                                                                               : blended);
-            }
-            pixels.push_back(drawn);
+    for (int i = 0; i < image.height() * image.width(); ++i) {
+        const auto* row = reinterpret_cast<const QRgba64*>(image.constScanLine(i / image.width()));
+        const QRgba64 pixel = row[i % image.width()];
+        const unsigned alpha = pixel.alpha() >> 8;
+        pixels.push_back(0xff);
+        for (const int wide : {pixel.red(), pixel.green(), pixel.blue()}) {
+            const unsigned sample = static_cast<unsigned>(wide) >> 8;
+            const unsigned blended = ((255 - alpha) * 0x80 + alpha * sample + 255) / 256;
+            pixels.back() = pixels.back() << 8 | (alpha == 255 ? sample : blended);
         }
     }
     return pixels;
@@ -57,45 +52,31 @@ class EveryKindOfPicture : public PngFixture, public testing::WithParamInterface
 
 TEST_P(EveryKindOfPicture, IsDrawnAsTheReferenceReaderSeesIt) {
     const Kind kind = GetParam();
-    Bytes before;
+    Bytes before, alphas;
+    for (std::size_t i = 0; i < kind.transparentEntries; ++i) {
+        alphas.push_back(static_cast<std::uint8_t>(i * 51));
+    }
     if (kind.type == PaletteIndex) {
         before = Palette(std::size_t{1} << kind.depth);
+        before = alphas.empty() ? before : Join({before, Chunk("tRNS", alphas)});
     }
-    if (kind.transparentEntries > 0) {
-        Bytes alphas;
-        for (std::size_t i = 0; i < kind.transparentEntries; ++i) {
-            alphas.push_back(static_cast<std::uint8_t>(i * 51));
-        }
-        before = Join({before, Chunk("tRNS", alphas)});
-    }
-    for (const std::int32_t width : {1, 2, 3, 5, 8, 17, 61}) {
-        const HeaderRec header = Header(width, 13, kind.depth, kind.type);
+    constexpr int LargerThanACache = 701;
+    for (const std::int32_t width : {1, 2, 3, 5, 8, 17, 61, LargerThanACache}) {
+        const HeaderRec header =
+            Header(width, width < LargerThanACache ? 13 : 503, kind.depth, kind.type);
         const Bytes rows = NoiseRows(header, static_cast<std::uint32_t>(width));
         for (const Bytes& filters : FilterSequences) {
-            const Bytes file = PngOf(header, Filtered(header, rows, filters), before);
-            ASSERT_EQ(Load(file), 0);
-            EXPECT_EQ(Drawn(), DrawnByQt(file))
-                << "width " << width << " filter " << int{filters.front()};
-            const BITMAPINFOHEADER& held = mdlPNG.PngImage.Header;
-            EXPECT_EQ(mdlPNG.PngImage.Pixels.size(),
-                      static_cast<std::size_t>(
-                          DibStride(width, static_cast<std::int16_t>(held.biBitCount)) * 13));
+            if (width < LargerThanACache || filters.size() > 1) {
+                const Bytes file = PngOf(header, Filtered(header, rows, filters), before);
+                ASSERT_EQ(Load(file), 0);
+                EXPECT_EQ(Drawn(), DrawnByQt(file))
+                    << "width " << width << " filter " << int{filters.front()};
+            }
         }
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(AllKinds, EveryKindOfPicture, testing::ValuesIn(Kinds));
-
-TEST_F(PicturesTest, LargerThanACacheIsDrawnAsTheReferenceReaderSeesIt) {
-    for (const Kind kind : {Kind{Truecolour, 8}, Kind{TruecolourAlpha, 8},
-                            Kind{TruecolourAlpha, 16}, Kind{GreyscaleAlpha, 16}}) {
-        const HeaderRec header = Header(701, 503, kind.depth, kind.type);
-        const Bytes file =
-            PngOf(header, Filtered(header, NoiseRows(header, 5), {4, 4, 4, 3, 4, 1, 2}));
-        ASSERT_EQ(Load(file), 0);
-        EXPECT_EQ(Drawn(), DrawnByQt(file));
-    }
-}
 
 class HeldPictures : public PngFixture {
   protected:
@@ -105,14 +86,10 @@ class HeldPictures : public PngFixture {
                 const Bytes& before = {}) {
         SCOPED_TRACE(name);
         ASSERT_EQ(Load(PngOf(header, filtered, before)), 0);
-        BITMAPINFOHEADER bitmap;
-        bitmap.biSize = 40;
-        bitmap.biWidth = header.Width;
-        bitmap.biHeight = header.Height;
-        bitmap.biPlanes = 1;
-        bitmap.biBitCount = bitCount;
-        bitmap.biClrUsed = bitCount <= 8 ? static_cast<std::uint32_t>(palette.size() / 4) : 0;
-        EXPECT_EQ(mdlPNG.PngImage.Header, bitmap);
+        const std::size_t colours = bitCount <= 8 ? palette.size() / 4 : 0;
+        EXPECT_EQ(mdlPNG.PngImage.Header,
+                  (BITMAPINFOHEADER{40, header.Width, header.Height, 1, bitCount, 0, 0, 0, 0,
+                                    static_cast<std::uint32_t>(colours), 0}));
         EXPECT_EQ(mdlPNG.PngImage.Palette, palette);
         EXPECT_EQ(HeldPixels(), pixels);
     }

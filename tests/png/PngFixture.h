@@ -1,8 +1,6 @@
 #pragma once
 
-#include "png/PngFile.h"
 #include "png/cPNG.h"
-#include "png/mdlPNG.h"
 #include "support/PngBuilder.h"
 
 #include <QTemporaryDir>
