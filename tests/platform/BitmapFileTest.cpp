@@ -116,10 +116,8 @@ TEST(BitmapFile, WhatReadersDisagreeOnHasTheColoursThatTheFormatGives) {
     const auto runs = [&](const char* hex) {
         return Bmp{hex, 8, 1, greys, QByteArray::fromHex(hex), 40, 2, 2, 3};
     };
-    const struct {
-        Bmp bmp;
-        std::vector<std::uint32_t> pixels; // without alpha, top row first
-    } rows[] = {
+    const std::pair<Bmp, std::vector<std::uint32_t>> rows[] = {
+        // pixels without alpha
         {{"5 bits", 16, 0, {}, LittleEndian(0x7fff), 40, 2, 1}, {0xffffff, 0}},
         {{"10 bits", 32, 3, TenBits, words, 40, 2, 1}, {0xff00ff, 0x008000}},
         {{"header of 52", 32, 3, Bgr, words, 52, 2, 1}, {0xff03f0, 0x000008}},
@@ -130,12 +128,13 @@ TEST(BitmapFile, WhatReadersDisagreeOnHasTheColoursThatTheFormatGives) {
         {runs("01010002000101020001"), {0, 0x222222, 0x111111, 0}},
         {runs("0002ff0001020002ffff0102"), {0, 0, 0, 0}},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.bmp.name);
-        const std::optional<Picture> loaded = Load(row.bmp.Bytes());
-        ASSERT_TRUE(loaded);
-        for (int i = 0; i < static_cast<int>(row.pixels.size()); ++i) {
-            EXPECT_EQ(loaded->row(i / 2)[i % 2], 0xff000000 | row.pixels[std::size_t(i)]);
+    for (const auto& [bmp, pixels] : rows) {
+        const std::optional<Picture> loaded = Load(bmp.Bytes());
+        ASSERT_TRUE(loaded) << bmp.name;
+        int i = 0;
+        for (const std::uint32_t pixel : pixels) {
+            EXPECT_EQ(loaded->row(i / 2)[i % 2], 0xff000000 | pixel) << bmp.name << ' ' << i;
+            ++i;
         }
     }
 }

@@ -2,7 +2,9 @@
 
 #include <QImage>
 
+#include <array>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace editor {
 namespace {
@@ -31,9 +33,11 @@ class PaintPoints : public testing::Test {
 
     /// Fill and rim of the mark at a place, and whether it is the wide one of a selection.
     void ExpectMark(int x, int y, std::uint32_t rim, std::uint32_t fill, bool selected) {
-        EXPECT_EQ(At(x, y), fill) << x << ' ' << y;
-        EXPECT_EQ(At(x, y - 2), rim) << x << ' ' << y;
-        EXPECT_EQ(At(x, y - 3), selected ? rim : Ground) << x << ' ' << y;
+        const std::uint32_t beyond = selected ? rim : Ground;
+        EXPECT_EQ(
+            (std::array{At(x, y), At(x + 1, y + 1), At(x, y - 2), At(x, y - 3), At(x + 4, y)}),
+            (std::array{fill, selected ? At(x + 1, y + 1) : fill, rim, beyond, Ground}))
+            << x << ' ' << y;
     }
 
     PersistentImage image;
@@ -43,35 +47,29 @@ class PaintPoints : public testing::Test {
 
 TEST_F(PaintPoints, WaypointsShowTheirFlagsAndTheColourOfEachLink) {
     model.NumWayPoints = 6;
-    for (std::size_t i = 0; i < 6; ++i) {
-        model.WayPoints[i].X = 160;
-        model.WayPoints[i].Y = static_cast<std::int16_t>(10 + 15 * i);
-        model.WayPoints[i].NumLinks = -1;
+    for (std::size_t i = 0; i < 5; ++i) {
+        model.WayPoints[i] = {160, static_cast<std::int16_t>(10 + 15 * i), 0, {}, {}, -1};
     }
     model.WayPoints[5] = {20, 10, 0, {0, 1, 2, 3, 4}, {0, 1, 2, 3, 4}, 4};
     model.WayPoints[1].Flags = 1;
     Paint(EditingMode::Waypoints, -1);
     // The links of a later waypoint end in the centres, over the earlier marks.
-    EXPECT_EQ(At(160, 8), Blue);
-    EXPECT_EQ(At(161, 11), Black);
-    EXPECT_EQ(At(160, 25), 0xff00ffff);
-    EXPECT_EQ(At(161, 26), White);
+    EXPECT_EQ((std::array{At(160, 8), At(161, 11), At(160, 25), At(161, 26)}),
+              (std::array{Blue, Black, 0xff00ffff, White}));
 
     // Half way along the link to each target: dots and gaps in the colour of its flags.
     const std::uint32_t colours[] = {White, 0xff00ffff, 0xffc0c0c0, 0xff008080, Magenta};
     for (int i = 0; i < 5; ++i) {
-        const QPoint middle(90, 10 + (15 * i + 1) / 2);
-        int dots = 0;
-        int gaps = 0;
+        const int middle = 10 + (15 * i + 1) / 2;
+        std::set<int> dots;
         for (int x = 85; x < 95; ++x) {
-            bool dot = false;
-            for (int y = -2; y <= 2; ++y) {
-                dot = dot || At(x, middle.y() + y) == colours[i];
+            for (int y = middle - 2; y <= middle + 2; ++y) {
+                if (At(x, y) == colours[i]) {
+                    dots.insert(x);
+                }
             }
-            (dot ? dots : gaps) += 1;
         }
-        EXPECT_EQ(dots, 5) << i;
-        EXPECT_EQ(gaps, 5) << i;
+        EXPECT_EQ(dots.size(), 5U) << i;
     }
 
     Paint(EditingMode::Waypoints, 5);
@@ -95,9 +93,8 @@ TEST_F(PaintPoints, TheSelectedWaypointIsAWhiteDotWithAWideBlackRim) {
 TEST_F(PaintPoints, ItemsAndStartPointsAreDrawnInTheirModeOnly) {
     model.NumItems = 7;
     for (std::size_t i = 0; i < 7; ++i) {
-        model.Items[i].PosX = static_cast<std::int16_t>(10 + 20 * i);
-        model.Items[i].PosY = 20;
-        model.Items[i].Type = static_cast<std::int16_t>(i);
+        const auto type = static_cast<std::int16_t>(i);
+        model.Items[i] = {static_cast<std::int16_t>(10 + 20 * i), 20, type, 0, {}, 0, 0, 0, 0};
     }
     model.Items[6].Type = -1;
     model.NumStartPoints = 2;
@@ -129,9 +126,7 @@ TEST_F(PaintPoints, MarksKeepTheirSizeAtEveryZoomAndOddLinksAreSkipped) {
     ExpectMark(80, 72, Blue, Black, false);
     model.Zoom = 0.25F; // (2.5, 2.25) goes to (2, 2)
     Paint(EditingMode::Waypoints, -1);
-    EXPECT_EQ(At(2, 2), Black);
-    EXPECT_EQ(At(4, 2), Blue);
-    EXPECT_EQ(At(5, 2), Ground);
+    EXPECT_EQ((std::array{At(2, 2), At(4, 2), At(5, 2)}), (std::array{Black, Blue, Ground}));
     model.Zoom = 1;
     model.WayPoints[0].LinkDest = {0, 0, 0, 0, 0}; // to itself: a point
     Paint(EditingMode::Waypoints, 0);
