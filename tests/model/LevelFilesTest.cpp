@@ -13,11 +13,12 @@
 namespace editor {
 namespace {
 
+using namespace Qt::StringLiterals;
 using test::CrLf;
 using test::LevelFolder;
 
-const QString LevelCfg = QStringLiteral("level.cfg");
-const QString WaypointCfg = QStringLiteral("waypoint.cfg");
+const QString LevelCfg = u"level.cfg"_s;
+const QString WaypointCfg = u"waypoint.cfg"_s;
 
 class LevelFiles : public testing::Test {
   protected:
@@ -45,9 +46,9 @@ class LevelFiles : public testing::Test {
 };
 
 TEST_F(LevelFiles, TheSmallestFullLevelHasItsExactTextAndReadsBackEqual) {
-    mdlEdit.BackFile = QStringLiteral("back.png");
-    mdlEdit.LevelFile = QStringLiteral("level.png");
-    mdlEdit.MaterialFile = QStringLiteral("mat.png");
+    mdlEdit.BackFile = u"back.png"_s;
+    mdlEdit.LevelFile = u"level.png"_s;
+    mdlEdit.MaterialFile = u"mat.png"_s;
     mdlEdit.NumStartPoints = 1;
     mdlEdit.StartPoints[0] = {120, 340};
     mdlEdit.NumItems = 1;
@@ -67,16 +68,14 @@ TEST_F(LevelFiles, TheSmallestFullLevelHasItsExactTextAndReadsBackEqual) {
                                              "Y=300\n\n"));
     EXPECT_EQ(folder.Names(), QStringList({LevelCfg, WaypointCfg}));
 
-    mdlEdit.NumItems = mdlEdit.NumStartPoints = 0;
-    mdlEdit.NumWayPoints = 0;
-    mdlEdit.LevelFile.clear();
+    mdlEdit = LevelModel();
+    mdlEdit.LevelPath = folder.Path();
     ASSERT_EQ(Load(), QString());
     EXPECT_TRUE(test::SameLevel(mdlEdit, saved));
-    EXPECT_EQ(graphicsLoads, 1);
 }
 
 TEST_F(LevelFiles, EveryOptionalLineIsWrittenAsItsRuleSays) {
-    mdlEdit.ParallaxFile = QStringLiteral("gfx\\far.png");
+    mdlEdit.ParallaxFile = u"gfx\\far.png"_s;
     mdlEdit.ParallaxScroll = true;
     mdlEdit.JumperForce = -70000;
     mdlEdit.KickerForce = 43000;
@@ -120,7 +119,7 @@ TEST_F(LevelFiles, AnyLevelReadsBackEqualAndIsWrittenTheSameAgain) {
 }
 
 TEST_F(LevelFiles, AnEmptyFolderReadsAsAnEmptyLevelAndLeftoversStay) {
-    mdlEdit.LevelFile = QStringLiteral("old.png");
+    mdlEdit.LevelFile = u"old.png"_s;
     mdlEdit.ParallaxScroll = true;
     mdlEdit.KickerForce = 5;
     mdlEdit.NumItems = 3;
@@ -141,82 +140,60 @@ TEST_F(LevelFiles, MissingKeysTakeTheirDefaults) {
                         "[Point.1]\nLink0.Dest=1\nLink1.Dest=-2\nLink2.Dest=3\nLink3.Dest=4\n"
                         "Link4.Dest=5\nLink4.Flags=2\nLink5.Dest=6\n"),
               QString());
-    const ItemRec standard{10, 10, Domination, 1, {}, 600, 500, 50, 0};
-    EXPECT_EQ(mdlEdit.Items[0], standard);
-    EXPECT_EQ(mdlEdit.Items[1].Type, Medikit);
-    EXPECT_EQ(mdlEdit.Items[1].PosX, 10);
+    EXPECT_EQ(mdlEdit.Items[0], (ItemRec{10, 10, Domination, 1, {}, 600, 500, 50, 0}));
+    EXPECT_EQ(mdlEdit.Items[1], (ItemRec{10, 10, Medikit, 1, {}, 600, 500, 50, 0}));
     EXPECT_EQ(mdlEdit.StartPoints[0], StartPointRec());
     EXPECT_EQ(mdlEdit.StartPoints[1], (StartPointRec{5, 0}));
     EXPECT_FALSE(mdlEdit.ParallaxScroll);
-    EXPECT_EQ(mdlEdit.JumperForce, -70000);
-    EXPECT_EQ(mdlEdit.KickerForce, 43000);
+    EXPECT_EQ(std::pair(mdlEdit.JumperForce, mdlEdit.KickerForce), std::pair(-70000, 43000));
     EXPECT_EQ(mdlEdit.WayPoints[0].NumLinks, 0);
-    EXPECT_EQ(mdlEdit.WayPoints[1].NumLinks, 4);
-    EXPECT_EQ(mdlEdit.WayPoints[1].LinkDest, (std::array<std::int16_t, 5>{1, -2, 3, 4, 5}));
-    EXPECT_EQ(mdlEdit.WayPoints[1].LinkFlags[4], 2);
+    EXPECT_EQ(mdlEdit.WayPoints[1], (WaypointRec{0, 0, 0, {1, -2, 3, 4, 5}, {0, 0, 0, 0, 2}, 4}));
     EXPECT_EQ(mdlEdit.WayPoints[2].NumLinks, -1);
 }
 
 // What the game's platform makes of lines that the editor itself never writes.
 TEST_F(LevelFiles, TheTextIsReadAsThePlatformReadsPrivateProfiles) {
-    const struct {
-        QByteArray text;
-        QString back;
-        int kicker;
-    } rows[] = {
-        {"[map]\nBACK=a\n[PHYSICS]\nkickerforce=1", QStringLiteral("a"), 1},
-        {" [ Map\t] junk = 1\n\t Back \t= a b \t\r\n[Physics]\nKickerForce = 2 ",
-         QStringLiteral("a b"), 2},
-        {"[Map]\rBack=\" a \"\r[Physics]\rKickerForce='3'", QStringLiteral(" a "), 3},
-        {"[Map]\nBack=\"a'\n[Physics]\nKickerForce=42A", QStringLiteral("\"a'"), 42},
-        {"[Map]\nBack=\"\n[Physics]\nKickerForce=+1", QStringLiteral("\""), 1},
-        {" ;[Map]\n[Map]\n;Back=x\nBack=a;b#c\n[Physics]\nKickerForce=A1", QStringLiteral("a;b#c"),
+    const std::tuple<QByteArray, QString, int> rows[] = {
+        {"[map]\nBACK=a\n[PHYSICS]\nkickerforce=1", u"a"_s, 1},
+        {" [ Map\t] junk = 1\n\t Back \t= a b \t\r\n[Physics]\nKickerForce = 2 ", u"a b"_s, 2},
+        {"[Map]\rBack=\" a \"\r[Physics]\rKickerForce='3'", u" a "_s, 3},
+        {"[Map]\nBack=\"a'\n[Physics]\nKickerForce=42A", u"\"a'"_s, 42},
+        {"[Map]\nBack=\"\n[Physics]\nKickerForce=+1", u"\""_s, 1},
+        {" ;[Map]\n[Map]\n;Back=x\nBack=a;b#c\n[Physics]\nKickerForce=A1", u"a;b#c"_s, 0},
+        {"Back=0\n[Map]\nno key\nBack=a\nBack=b\n[map]\nBack=c\n[Physics]\nKickerForce=", u"a"_s,
          0},
-        {"Back=0\n[Map]\nno key\nBack=a\nBack=b\n[map]\nBack=c\n[Physics]\nKickerForce=",
-         QStringLiteral("a"), 0},
         {"[Other]\n[Map]\n[Map]\nBack=lost\n[Physics]\nKickerForce=-0007", QString(), -7},
-        {"\xEF\xBB\xBF[Map]\nBack=a=b\n[Physics]\nKickerForce=- 5", QStringLiteral("a=b"), 0},
-        {QByteArray("[Map]\nBack=a\0b\n[Physics]\nKickerForce=9", 41), QStringLiteral("a"), 9},
+        {"\xEF\xBB\xBF[Map]\nBack=a=b\n[Physics]\nKickerForce=- 5", u"a=b"_s, 0},
+        {QByteArray("[Map]\nBack=a\0b\n[Physics]\nKickerForce=9", 41), u"a"_s, 9},
         {"[Map]\nBack=" + QByteArray(250, 'n') + "\n[Physics", QString(199, u'n'), 0},
-        {"[Map]\nBack=\x81\x8D\x8F\x90\x9D\x80",
-         QStringLiteral("\u0081\u008d\u008f\u0090\u009d\u20ac"), 0},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.text.toStdString());
-        ASSERT_EQ(LoadTexts(row.text), QString());
-        EXPECT_EQ(mdlEdit.BackFile, row.back);
-        EXPECT_EQ(mdlEdit.KickerForce, row.kicker);
+        {"[Map]\nBack=\x81\x8D\x8F\x90\x9D\x80", u"\u0081\u008d\u008f\u0090\u009d\u20ac"_s, 0}};
+    for (const auto& [text, back, kicker] : rows) {
+        ASSERT_EQ(LoadTexts(text), QString()) << text.toStdString();
+        EXPECT_EQ(mdlEdit.BackFile, back) << text.toStdString();
+        EXPECT_EQ(mdlEdit.KickerForce, kicker) << text.toStdString();
     }
 }
 
 TEST_F(LevelFiles, WhatTheModelCannotHoldIsRefusedAndNothingChanges) {
     mdlEdit.NumItems = 1;
-    mdlEdit.Items[0].Name = QStringLiteral("kept");
-    mdlEdit.BackFile = QStringLiteral("kept.png");
+    mdlEdit.Items[0].Name = u"kept"_s;
+    mdlEdit.BackFile = u"kept.png"_s;
     const LevelModel before = mdlEdit;
-    const struct {
-        QByteArray level;
-        QByteArray waypoint;
-        QString told;
-    } rows[] = {
+    const std::tuple<QByteArray, QByteArray, QString> rows[] = {
         {"[Map]\nNumItems=52", "",
-         QStringLiteral("level.cfg, section [Map], NumItems=52: a level has at most 51 items.")},
-        {"[Map]\nNumStartPoints=52", "", QStringLiteral("at most 51 start points")},
-        {"[Map]\nNumItems=40000", "", QStringLiteral("between -32768 and 32767")},
-        {"[Map]\nBack=new\nPScroll=65537", "", QStringLiteral("PScroll=65537")},
-        {"[Map]\nNumItems=1\n[Item.0]\nBounce=-32769", "",
-         QStringLiteral("[Item.0], Bounce=-32769")},
-        {"[Physics]\nJumperForce=2147483648", "",
-         QStringLiteral("between -2147483648 and 2147483647")},
-        {"[Map]\nNumItems=" + QByteArray(300, '9'), "", QStringLiteral("999\u2026: the number")},
-        {"", "[Map]\nNumWayPoints=202",
-         QStringLiteral("waypoint.cfg, section [Map], NumWayPoints=202")},
+         u"level.cfg, section [Map], NumItems=52: a level has at most 51 items."_s},
+        {"[Map]\nNumStartPoints=52", "", u"at most 51 start points"_s},
+        {"[Map]\nNumItems=40000", "", u"between -32768 and 32767"_s},
+        {"[Map]\nBack=new\nPScroll=65537", "", u"PScroll=65537"_s},
+        {"[Map]\nNumItems=1\n[Item.0]\nBounce=-32769", "", u"[Item.0], Bounce=-32769"_s},
+        {"[Physics]\nJumperForce=2147483648", "", u"between -2147483648 and 2147483647"_s},
+        {"[Map]\nNumItems=" + QByteArray(300, '9'), "", u"999\u2026: the number"_s},
+        {"", "[Map]\nNumWayPoints=202", u"waypoint.cfg, section [Map], NumWayPoints=202"_s},
         {"[Map]\nBack=new", "[Map]\nNumWayPoints=201\n[Point.200]\nLink4.Dest=1\nX=99999",
-         QStringLiteral("[Point.200], X=99999")},
-    };
-    for (const auto& row : rows) {
-        const QString message = LoadTexts(row.level, row.waypoint);
-        EXPECT_TRUE(message.contains(row.told)) << message.toStdString();
+         u"[Point.200], X=99999"_s}};
+    for (const auto& [level, waypoint, told] : rows) {
+        const QString message = LoadTexts(level, waypoint);
+        EXPECT_TRUE(message.contains(told)) << message.toStdString();
         EXPECT_TRUE(test::SameLevel(mdlEdit, before)) << message.toStdString();
     }
     EXPECT_EQ(graphicsLoads, 0);
@@ -224,16 +201,16 @@ TEST_F(LevelFiles, WhatTheModelCannotHoldIsRefusedAndNothingChanges) {
 
 TEST_F(LevelFiles, AFileThatCannotBeReadIsRefused) {
     QDir(folder.Path()).mkdir(LevelCfg);
-    EXPECT_TRUE(Load().contains(QStringLiteral("level.cfg cannot be read: it is not a file")));
+    EXPECT_TRUE(Load().contains(u"level.cfg cannot be read: it is not a file"_s));
     QDir(folder.Path()).rmdir(LevelCfg);
     folder.Write(LevelCfg, QByteArray(9 * 1024 * 1024, 'x'));
-    EXPECT_TRUE(Load().contains(QStringLiteral("larger than 8 MiB")));
+    EXPECT_TRUE(Load().contains(u"larger than 8 MiB"_s));
     QFile::remove(folder.Path(LevelCfg));
-    QFile::link(QStringLiteral("nowhere"), folder.Path(WaypointCfg));
-    EXPECT_TRUE(Load().contains(QStringLiteral("leads nowhere")));
+    QFile::link(u"nowhere"_s, folder.Path(WaypointCfg));
+    EXPECT_TRUE(Load().contains(u"leads nowhere"_s));
     mdlEdit.NumItems = 3;
-    mdlEdit.LevelPath = folder.Path(QStringLiteral("gone"));
-    EXPECT_TRUE(Load().contains(QStringLiteral("gone does not exist")));
+    mdlEdit.LevelPath = folder.Path(u"gone"_s);
+    EXPECT_TRUE(Load().contains(u"gone does not exist"_s));
     EXPECT_EQ(mdlEdit.NumItems, 3);
     EXPECT_EQ(graphicsLoads, 0);
 }
@@ -243,31 +220,30 @@ TEST_F(LevelFiles, NegativeCountsAreKeptAndCountAsNothing) {
               QString());
     EXPECT_EQ(mdlEdit.ItemCount() + mdlEdit.StartPointCount() + mdlEdit.WayPointCount(), 0);
     ASSERT_EQ(Save(), QString());
-    EXPECT_TRUE(folder.Read(LevelCfg).contains("NumItems=-2\r\n"));
-    EXPECT_TRUE(folder.Read(LevelCfg).contains("NumStartPoints=-3\r\n"));
+    EXPECT_TRUE(folder.Read(LevelCfg).contains("NumItems=-2\r\n\r\n\r\nNumStartPoints=-3\r\n"));
     EXPECT_EQ(folder.Read(WaypointCfg), "[Map]\r\nNumWayPoints=-70000\r\n\r\n");
 }
 
 TEST_F(LevelFiles, FilesAreFoundWhateverTheirLetterCaseAndAnOldWaypointFileStays) {
-    folder.Write(QStringLiteral("LEVEL.Cfg"), "[Map]\nBack=a");
-    folder.Write(QStringLiteral("WayPoint.CFG"), "[Map]\nNumWayPoints=0");
+    folder.Write(u"LEVEL.Cfg"_s, "[Map]\nBack=a");
+    folder.Write(u"WayPoint.CFG"_s, "[Map]\nNumWayPoints=0");
     ASSERT_EQ(Load(), QString());
-    EXPECT_EQ(mdlEdit.BackFile, QStringLiteral("a"));
+    EXPECT_EQ(mdlEdit.BackFile, u"a"_s);
     ASSERT_EQ(Save(), QString());
-    EXPECT_TRUE(folder.Read(QStringLiteral("LEVEL.Cfg")).startsWith("[Map]\r\nBack=a\r\n"));
-    EXPECT_EQ(folder.Read(QStringLiteral("WayPoint.CFG")), "[Map]\nNumWayPoints=0");
+    EXPECT_TRUE(folder.Read(u"LEVEL.Cfg"_s).startsWith("[Map]\r\nBack=a\r\n"));
+    EXPECT_EQ(folder.Read(u"WayPoint.CFG"_s), "[Map]\nNumWayPoints=0");
     EXPECT_EQ(folder.Names().size(), 2);
 }
 
 TEST_F(LevelFiles, LinksAndPermissionsOutliveASave) {
-    folder.Write(QStringLiteral("real/target.cfg"), "[Map]\nBack=a");
+    folder.Write(u"real/target.cfg"_s, "[Map]\nBack=a");
     const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
-    QFile::setPermissions(folder.Path(QStringLiteral("real/target.cfg")), permissions);
-    QFile::link(QStringLiteral("real/target.cfg"), folder.Path(LevelCfg));
+    QFile::setPermissions(folder.Path(u"real/target.cfg"_s), permissions);
+    QFile::link(u"real/target.cfg"_s, folder.Path(LevelCfg));
     ASSERT_EQ(Load(), QString());
     ASSERT_EQ(Save(), QString());
     EXPECT_TRUE(QFileInfo(folder.Path(LevelCfg)).isSymLink());
-    EXPECT_TRUE(folder.Read(QStringLiteral("real/target.cfg")).startsWith("[Map]\r\nBack=a\r\n"));
+    EXPECT_TRUE(folder.Read(u"real/target.cfg"_s).startsWith("[Map]\r\nBack=a\r\n"));
     EXPECT_EQ(QFile::permissions(folder.Path(LevelCfg)) & ~(QFile::ReadUser | QFile::WriteUser),
               permissions);
 }
@@ -277,78 +253,73 @@ TEST_F(LevelFiles, ASaveThatCannotBeDoneSaysWhyAndTouchesNothing) {
     mdlEdit.NumWayPoints = 1;
     const QByteArray old = "[Map]\n";
     folder.Write(LevelCfg, old);
-    const auto refused = [&](const QString& told) {
+    const std::tuple<QString, QString, QString, QString> rows[] = {
+        {folder.Path(),
+         u"a\u2192b"_s,
+         {},
+         u"Name of item 3 cannot be written: the character \"\u2192\" (U+2192)"_s},
+        {folder.Path(), u"a\nb"_s, {}, u"line break"_s},
+        {folder.Path(),
+         {},
+         u"\U0001F600"_s,
+         u"name of the material graphics cannot be written: the character \"\U0001F600\" (U+1F600)"_s},
+        {{}, {}, {}, u"no level folder has been chosen"_s},
+        {folder.Path(u"gone"_s), {}, {}, folder.Path(u"gone/level.cfg"_s)}};
+    for (const auto& [path, name, material, told] : rows) {
+        mdlEdit.LevelPath = path;
+        mdlEdit.Items[3].Name = name;
+        mdlEdit.MaterialFile = material;
         const QString message = Save();
         EXPECT_TRUE(message.contains(told)) << message.toStdString();
         EXPECT_EQ(folder.Read(LevelCfg), old);
-        EXPECT_FALSE(QFileInfo::exists(folder.Path(WaypointCfg)));
-    };
-    mdlEdit.Items[3].Name = QStringLiteral("a\u2192b");
-    refused(QStringLiteral("Name of item 3 cannot be written: the character \"\u2192\" (U+2192)"));
-    mdlEdit.Items[3].Name = QStringLiteral("a\nb");
-    refused(QStringLiteral("line break"));
-    mdlEdit.Items[3].Name.clear();
-    mdlEdit.MaterialFile = QStringLiteral("\U0001F600");
-    refused(QStringLiteral("name of the material graphics cannot be written: the character "
-                           "\"\U0001F600\" (U+1F600)"));
-    mdlEdit.MaterialFile.clear();
-    mdlEdit.LevelPath.clear();
-    refused(QStringLiteral("no level folder has been chosen"));
-    mdlEdit.LevelPath = folder.Path(QStringLiteral("gone"));
-    refused(folder.Path(QStringLiteral("gone/level.cfg")));
-
+        EXPECT_EQ(folder.Names(), QStringList(LevelCfg));
+    }
     mdlEdit.LevelPath = folder.Path();
     QDir(folder.Path()).mkdir(WaypointCfg);
     const QString message = Save();
-    EXPECT_TRUE(message.contains(QStringLiteral("waypoint.cfg could not be saved: it is not a "
-                                                "file. level.cfg was saved.")))
+    EXPECT_TRUE(message.contains(u"waypoint.cfg could not be saved: it is not a "
+                                 "file. level.cfg was saved."_s))
         << message.toStdString();
     EXPECT_NE(folder.Read(LevelCfg), old);
     EXPECT_EQ(folder.Names().size(), 2);
 }
 
 TEST(FieldValue, IsTheNumberThatATextBeginsWith) {
-    const struct {
-        const char* text;
-        double value;
-    } rows[] = {
-        {"", 0},
-        {"abc", 0},
-        {"12abc", 12},
-        {"2.5", 2.5},
-        {"-5", -5},
-        {"+7", 7},
-        {"  4\t2\n1 ", 421},
-        {"1 000", 1000},
-        {"1500 N", 1500},
-        {"0x10", 0},
-        {"1e3", 1000},
-        {"1E+2x", 100},
-        {"1e", 1},
-        {".5", 0.5},
-        {"5.", 5},
-        {".", 0},
-        {"-", 0},
-        {"+-5", 0},
-        {"1,5", 1},
-        {"inf", 0},
-        {"nan", 0},
-        {"&HFFFF", 65535},
-        {"&h1g", 1},
-        {"& o 17", 15},
-        {"&O8", 0},
-        {"-&H10", 0},
-        {"&", 0},
-        {"&X1", 0},
-        {"1e400", HUGE_VAL},
-        {"-1e400", -HUGE_VAL},
-        {"1e-400", 0},
-        {"1d5", 1},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(FieldValue(QString::fromLatin1(row.text)), row.value) << row.text;
+    for (const auto& [text, value] : {std::pair<const char*, double>{"", 0},
+                                      {"abc", 0},
+                                      {"12abc", 12},
+                                      {"2.5", 2.5},
+                                      {"-5", -5},
+                                      {"+7", 7},
+                                      {"  4\t2\n1 ", 421},
+                                      {"1 000", 1000},
+                                      {"1500 N", 1500},
+                                      {"0x10", 0},
+                                      {"1e3", 1000},
+                                      {"1E+2x", 100},
+                                      {"1e", 1},
+                                      {".5", 0.5},
+                                      {"5.", 5},
+                                      {".", 0},
+                                      {"-", 0},
+                                      {"+-5", 0},
+                                      {"1,5", 1},
+                                      {"inf", 0},
+                                      {"nan", 0},
+                                      {"&HFFFF", 65535},
+                                      {"&h1g", 1},
+                                      {"& o 17", 15},
+                                      {"&O8", 0},
+                                      {"-&H10", 0},
+                                      {"&", 0},
+                                      {"&X1", 0},
+                                      {"1e400", HUGE_VAL},
+                                      {"-1e400", -HUGE_VAL},
+                                      {"1e-400", 0},
+                                      {"1d5", 1}}) {
+        EXPECT_EQ(FieldValue(QString::fromLatin1(text)), value) << text;
     }
-    EXPECT_EQ(FieldValue(QStringLiteral("\u0661\u0662")), 0); // digits of another script
+    EXPECT_EQ(FieldValue(u"\u0661\u0662"_s), 0); // digits of another script
     EXPECT_EQ(FieldValue(QString(400, u'9')), HUGE_VAL);
 }
 

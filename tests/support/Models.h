@@ -3,6 +3,7 @@
 #include "model/mdlEdit.h"
 
 #include <random>
+#include <tuple>
 
 namespace editor::test {
 
@@ -46,10 +47,8 @@ inline LevelModel RandomLevel(std::mt19937& random) {
     level.NumWayPoints = number(0, MaxWayPoints);
     for (int n = 0; n < level.NumWayPoints; ++n) {
         WaypointRec& waypoint = level.WayPoints[static_cast<std::size_t>(n)];
-        waypoint.X = any16();
-        waypoint.Y = any16();
-        waypoint.Flags = any16();
-        waypoint.NumLinks = static_cast<std::int16_t>(number(-1, MaxLinks - 1));
+        waypoint = {any16(), any16(), any16(),
+                    {},      {},      static_cast<std::int16_t>(number(-1, MaxLinks - 1))};
         for (int j = 0; j <= waypoint.NumLinks; ++j) {
             const auto slot = static_cast<std::size_t>(j);
             const std::int16_t target = any16();
@@ -70,11 +69,12 @@ inline bool SameLevel(const LevelModel& a, const LevelModel& b) {
         }
         return same;
     };
-    return a.LevelFile == b.LevelFile && a.MaterialFile == b.MaterialFile &&
-           a.BackFile == b.BackFile && a.ParallaxFile == b.ParallaxFile &&
-           a.ParallaxScroll == b.ParallaxScroll && a.JumperForce == b.JumperForce &&
-           a.KickerForce == b.KickerForce && a.NumStartPoints == b.NumStartPoints &&
-           a.NumItems == b.NumItems && a.NumWayPoints == b.NumWayPoints &&
+    const auto settings = [](const LevelModel& level) {
+        return std::tie(level.LevelFile, level.MaterialFile, level.BackFile, level.ParallaxFile,
+                        level.ParallaxScroll, level.JumperForce, level.KickerForce,
+                        level.NumStartPoints, level.NumItems, level.NumWayPoints);
+    };
+    return settings(a) == settings(b) &&
            std::equal(a.StartPoints.begin(), a.StartPoints.begin() + a.StartPointCount(),
                       b.StartPoints.begin()) &&
            std::equal(a.Items.begin(), a.Items.begin() + a.ItemCount(), b.Items.begin()) &&
