@@ -6,14 +6,11 @@
 #include "model/mdlEdit.h"
 #include "platform/Look.h"
 #include "platform/OnceForm.h"
+#include "support/Captions.h"
 #include "view/ViewHost.h"
 
 #include <QTemporaryDir>
 #include <QTest>
-#include <QtWidgets>
-
-#include <gtest/gtest.h>
-#include <limits>
 
 namespace editor {
 namespace {
@@ -57,20 +54,15 @@ class LevelDialog : public testing::Test {
     QString startFolder_;
 };
 
-auto Settings(const LevelModel& model) {
+auto Settings(auto& model) {
     return std::tie(model.LevelFile, model.MaterialFile, model.BackFile, model.ParallaxFile,
                     model.ParallaxScroll, model.JumperForce, model.KickerForce);
 }
 
 TEST_F(LevelDialog, AcceptGivesBackWhatInitShowsThenLoadsTheGraphicsUnchecksAndHides) {
     LevelModel model;
-    model.LevelFile = u"gfx\\1.png"_s;
-    model.MaterialFile = u"m.bmp"_s;
-    model.BackFile = u"\u00e4.png"_s;
-    model.ParallaxFile = u"p"_s;
-    model.ParallaxScroll = true;
-    model.JumperForce = -2147483647;
-    model.KickerForce = 7;
+    Settings(model) =
+        std::tuple(u"gfx\\1.png"_s, u"m.bmp"_s, u"\u00e4.png"_s, u"p"_s, true, -2147483647, 7);
     mdlEdit = model;
     form_().Init();
     mdlEdit = {};
@@ -84,12 +76,11 @@ TEST_F(LevelDialog, AcceptGivesBackWhatInitShowsThenLoadsTheGraphicsUnchecksAndH
 }
 
 TEST_F(LevelDialog, ForcesAreRoundedToEvenAndClamped) {
-    using Limits = std::numeric_limits<std::int32_t>;
     for (const auto& [text, force] : {std::pair{u"12.5 N"_s, 12},
                                       {u"3.5"_s, 4},
                                       {u""_s, 0},
-                                      {u"1e999"_s, Limits::max()},
-                                      {u"-3e9"_s, Limits::min()}}) {
+                                      {u"1e999"_s, INT32_MAX},
+                                      {u"-3e9"_s, INT32_MIN}}) {
         Control(u"txtJumper"_s).setText(text);
         Control(u"txtKicker"_s).setText(text);
         Click(u"cmdOK"_s);
@@ -109,27 +100,23 @@ TEST_F(LevelDialog, BrowsingTakesFilesOfTheLevelFolderOnly) {
     const QList<QByteArray> refused{"Torvak! level editor|Graphics must be in the same directory "
                                     "as the rest of the level."};
     const QString castle = u"/Levels/Castle"_s;
-    const struct {
-        QString levelPath, chosen, text; // no text: refused
-    } rows[] = {
-        {castle, castle + u"/back.png"_s, u"back.png"_s},
-        {castle, castle + u"/gfx/far/back.png"_s, u"gfx\\far\\back.png"_s},
-        {u"/"_s, u"/back.png"_s, u"back.png"_s},
-        {castle, castle + u"2/a.png"_s, {}},
-        {castle, castle.toLower() + u"/back.png"_s, {}},
-        {castle, castle, {}},
-        {{}, u"/back.png"_s, {}},
-        {castle, {}, u"as it was"_s}, // cancelled
-    };
-    for (const auto& row : rows) {
-        mdlEdit.LevelPath = row.levelPath;
-        chosenFile_ = row.chosen;
+    const QString rows[][3] = {// level path, chosen, text (none: refused)
+                               {castle, castle + u"/back.png"_s, u"back.png"_s},
+                               {castle, castle + u"/gfx/far/back.png"_s, u"gfx\\far\\back.png"_s},
+                               {u"/"_s, u"/back.png"_s, u"back.png"_s},
+                               {castle, castle + u"2/a.png"_s, {}},
+                               {castle, castle.toLower() + u"/back.png"_s, {}},
+                               {castle, castle, {}},
+                               {{}, u"/back.png"_s, {}},
+                               {castle, {}, u"as it was"_s}}; // cancelled
+    for (const auto& [levelPath, chosen, text] : rows) {
+        mdlEdit.LevelPath = levelPath;
+        chosenFile_ = chosen;
         for (const QString& name : {u"BG"_s, u"Lev"_s, u"Mat"_s, u"Par"_s}) {
             Control(u"txt"_s + name).setText(u"as it was"_s);
             Click(u"cmd"_s + name);
-            EXPECT_EQ(Control(u"txt"_s + name).text(),
-                      row.text.isNull() ? u"as it was"_s : row.text);
-            EXPECT_EQ(Calls(), row.text.isNull() ? refused : QList<QByteArray>{});
+            EXPECT_EQ(Control(u"txt"_s + name).text(), text.isNull() ? u"as it was"_s : text);
+            EXPECT_EQ(Calls(), text.isNull() ? refused : QList<QByteArray>{});
         }
     }
 }
@@ -157,40 +144,18 @@ TEST_F(LevelDialog, TheKeyboardReachesEveryControlInOrderAndOnlySpacePressesABut
                              "txtKicker", "cmdOK", "txtPar", "cmdPar", "chkParallax", "txtBG"}) {
         QWidget* focused = QApplication::focusWidget();
         ASSERT_EQ(focused->objectName(), QLatin1String(name));
-        QTest::keyClick(focused, Qt::Key_Return);
-        QTest::keyClick(focused, Qt::Key_Enter);
-        QTest::keyClick(focused, Qt::Key_Escape);
-        QTest::keyClick(focused, Qt::Key_Tab);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Tab}) {
+            QTest::keyClick(focused, key);
+        }
     }
     EXPECT_TRUE(form_().isVisible() && Calls().isEmpty() && startFolder_.isNull());
     QTest::keyClick(&Control<QPushButton>(u"cmdOK"_s), Qt::Key_Space);
     EXPECT_FALSE(form_().isVisible());
 }
 
-void ExpectNoCaptionIsClipped(QWidget& form, int captions) {
-    for (QWidget* control : form.findChildren<QWidget*>()) {
-        const QString caption = control->property("text").toString();
-        if (caption.isEmpty() || qobject_cast<QLineEdit*>(control) != nullptr) {
-            continue;
-        }
-        QStyleOptionButton option;
-        option.initFrom(control);
-        const auto part = qobject_cast<QCheckBox*>(control) ? QStyle::SE_CheckBoxContents
-                                                            : QStyle::SE_PushButtonContents;
-        const QRect room = qobject_cast<QLabel*>(control)
-                               ? control->rect()
-                               : control->style()->subElementRect(part, &option);
-        const int flags = control->property("wordWrap").toBool() ? Qt::TextWordWrap : 0;
-        const QRect needed = control->fontMetrics().boundingRect(room, flags, caption);
-        EXPECT_EQ(needed.size().expandedTo(room.size()), room.size()) << caption.toStdString();
-        --captions;
-    }
-    EXPECT_EQ(captions, 0) << "captions not seen";
-}
-
 TEST_F(LevelDialog, HasTheClientSizeOfItsLayoutAndClipsNoCaption) {
     EXPECT_EQ(form_().widget()->size(), QSize(236, 281));
-    ExpectNoCaptionIsClipped(form_(), 12);
+    test::ExpectNoCaptionIsClipped(*form_().widget(), 12);
 }
 
 TEST(AboutBox, ShowsTheVersionEachTimeClipsNothingAndClosesByEnterAndEsc) {
@@ -200,7 +165,7 @@ TEST(AboutBox, ShowsTheVersionEachTimeClipsNothingAndClosesByEnterAndEsc) {
         box.show();
         EXPECT_EQ(box.findChild<QLabel*>(u"lblVersion"_s)->text(), u"Version 0.30  "_s);
         EXPECT_FALSE(box.findChild<QLabel*>(u"picIcon"_s)->pixmap().isNull());
-        ExpectNoCaptionIsClipped(box, 5);
+        test::ExpectNoCaptionIsClipped(box, 5);
         QTest::keyClick(&box, key);
         EXPECT_FALSE(box.isVisible());
     }

@@ -1,19 +1,14 @@
 #include "model/mdlEdit.h"
+#include "support/Captions.h"
 #include "support/EditorFixture.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QRadioButton>
 #include <QTest>
-
-#include <utility>
+#include <QtWidgets>
 
 namespace editor {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 constexpr QPointF Far(300, 200); // from every entity of these tests
 
@@ -40,14 +35,14 @@ class Editing : public test::EditorFixture {
         SetMode("optItems");
     }
 
-    /// The item fields from top to bottom.
+    /// The type and the texts of the item fields from top to bottom.
     std::string ItemFields() {
-        QStringList texts = {Setting<QLineEdit>("txtName").text(),
-                             Setting<QComboBox>("cmbType").currentText()};
-        for (const char* name : {"txtAmount", "txtRespawn", "txtBounce", "txtDist", "txtGravity"}) {
-            texts += Setting<QLineEdit>(name).text();
+        QString texts = Setting<QComboBox>("cmbType").currentText();
+        for (const char* name :
+             {"txtName", "txtAmount", "txtRespawn", "txtBounce", "txtDist", "txtGravity"}) {
+            texts += u'|' + Setting<QLineEdit>(name).text();
         }
-        return texts.join(u'|').toStdString();
+        return texts.toStdString();
     }
 };
 
@@ -129,17 +124,17 @@ TEST_F(Editing, AnItemTakesItsSettingsFromTheWindowAndGivesThemToIt) {
     Release(Qt::RightButton, {10, 10});
     EXPECT_EQ(mdlEdit.Items[0], (ItemRec{10, 10, 0, 0, {}, 0, 0, 0, 0}));
     Press(Qt::LeftButton, Far);
-    EXPECT_EQ(ItemFields(), "|MEDIKIT|1|600|500|0|50");
+    EXPECT_EQ(ItemFields(), "MEDIKIT||1|600|500|0|50");
     Release(Qt::RightButton, {50, 10});
     EXPECT_EQ(mdlEdit.Items[1], (ItemRec{50, 10, 0, 1, {}, 600, 500, 50, 0}));
 
-    const ItemRec other = {90, 10, 4, -7, QStringLiteral("a & b"), 11, 12, 13, -32768};
+    const ItemRec other = {90, 10, 4, -7, u"a & b"_s, 11, 12, 13, -32768};
     mdlEdit.Items[1] = other;
     QTest::mouseDClick(view().widget(), Qt::LeftButton, {}, {90, 10}); // a press like any other
     EXPECT_EQ(mdlEdit.Items[1], other);
     Key(Qt::Key_Delete);
     SetMode("optStart");
-    EXPECT_EQ(ItemFields(), "a & b|KICKERPAD|-7|11|12|-32768|13");
+    EXPECT_EQ(ItemFields(), "KICKERPAD|a & b|-7|11|12|-32768|13");
 }
 
 TEST_F(Editing, ATypeWithoutAnEntryStaysUntilOneIsChosen) {
@@ -161,39 +156,41 @@ TEST_F(Editing, EveryKeystrokeWritesTheFieldOfTheSelectedItem) {
     SetItems({{10, 0, 0, 5, {}, 0, 0, 0, 0}});
     auto& txtName = Setting<QLineEdit>("txtName");
     auto& txtAmount = Setting<QLineEdit>("txtAmount");
-    const auto type = [&txtAmount](const char* text) {
+    const auto type = [&txtAmount](const QString& text) {
         txtAmount.clear();
-        QTest::keyClicks(&txtAmount, QString::fromLatin1(text));
-        EXPECT_EQ(txtAmount.text(), QString::fromLatin1(text));
+        QTest::keyClicks(&txtAmount, text);
+        EXPECT_EQ(txtAmount.text(), text);
         return mdlEdit.Items[0].Amount;
     };
-    EXPECT_EQ(type("9"), 5) << "nothing is selected";
+    EXPECT_EQ(type(u"9"_s), 5) << "nothing is selected";
     Press(Qt::LeftButton, {10, 0});
-    using Row = std::pair<const char*, int>;
-    for (const auto& [text, value] :
-         {Row{"75", 75}, Row{"12abc", 12}, Row{"", 0}, Row{"2.5", 2}, Row{"-3.5", -4},
-          Row{"-1e999", -32768}, Row{"&HFFFF", 32767}}) {
-        EXPECT_EQ(type(text), value) << text;
+    for (const auto& [text, value] : {std::pair{u"75"_s, 75},
+                                      {u"12abc"_s, 12},
+                                      {u""_s, 0},
+                                      {u"2.5"_s, 2},
+                                      {u"-3.5"_s, -4},
+                                      {u"-1e999"_s, -32768},
+                                      {u"&HFFFF"_s, 32767}}) {
+        EXPECT_EQ(type(text), value) << text.toStdString();
     }
     for (const char* name : {"txtRespawn", "txtBounce", "txtGravity", "txtDist"}) {
         Setting<QLineEdit>(name).setText(QString::number(qstrlen(name)));
     }
-    QApplication::clipboard()->setText(QStringLiteral("two\nlines"));
+    QApplication::clipboard()->setText(u"two\nlines"_s);
     txtName.clear();
     txtName.paste();
     QTest::keyClick(&txtName, Qt::Key_Delete);
     EXPECT_EQ(mdlEdit.NumItems, 1);
-    EXPECT_EQ(mdlEdit.Items[0],
-              (ItemRec{10, 0, 0, 32767, QStringLiteral("two lines"), 10, 9, 10, 7}));
+    EXPECT_EQ(mdlEdit.Items[0], (ItemRec{10, 0, 0, 32767, u"two lines"_s, 10, 9, 10, 7}));
 }
 
 TEST_F(Editing, AModeShowsItsPanelAloneAndSelectsNothing) {
     SetWaypoints({{}});
     SetItems({{0, 0, 2, 0, {}, 0, 0, 0, 0}});
     mdlEdit.NumStartPoints = 1;
-    using Mode = std::pair<const char*, const char*>;
-    const auto modes = {Mode{"optWaypoints", "tabWaypoint"}, Mode{"optItems", "tabObjects"},
-                        Mode{"optStart", "tabSpawnPoints"}};
+    const auto modes = {std::pair{"optWaypoints", "tabWaypoint"},
+                        {"optItems", "tabObjects"},
+                        {"optStart", "tabSpawnPoints"}};
     QImage before;
     for (const auto& [option, panel] : modes) {
         SetMode(option);
@@ -207,13 +204,11 @@ TEST_F(Editing, AModeShowsItsPanelAloneAndSelectsNothing) {
         EXPECT_EQ(view().curpoint, 0) << "the option was on already";
     }
     // With a start point selected the controls of the other panels change nothing.
-    const WaypointRec waypoint = mdlEdit.WayPoints[0];
-    const ItemRec item = mdlEdit.Items[0];
     Setting<QAbstractButton>("chkReload").toggle();
     Setting<QComboBox>("cmbType").setCurrentIndex(3);
-    Setting<QLineEdit>("txtName").setText(QStringLiteral("other"));
-    EXPECT_EQ(mdlEdit.WayPoints[0], waypoint);
-    EXPECT_EQ(mdlEdit.Items[0], item);
+    Setting<QLineEdit>("txtName").setText(u"other"_s);
+    EXPECT_EQ(mdlEdit.WayPoints[0].Flags, 0);
+    EXPECT_EQ(mdlEdit.Items[0], (ItemRec{0, 0, 2, 0, {}, 0, 0, 0, 0}));
 }
 
 TEST_F(Editing, OnlyTheKeypadZoomsAndTheSelectionStays) {
@@ -221,13 +216,9 @@ TEST_F(Editing, OnlyTheKeypadZoomsAndTheSelectionStays) {
     Press(Qt::LeftButton, {0, 0});
     Key(Qt::Key_Plus);
     Key(Qt::Key_Minus, Qt::ShiftModifier);
-    using Row = std::pair<Qt::Key, float>;
-    const Qt::Key plus = Qt::Key_Plus;
-    const Qt::Key minus = Qt::Key_Minus;
-    for (const auto& [key, zoom] :
-         {Row{plus, 2}, Row{plus, 4}, Row{plus, 8}, Row{plus, 8}, Row{minus, 4}, Row{minus, 2},
-          Row{minus, 1}, Row{minus, 0.5F}, Row{minus, 0.25F}, Row{minus, 0.25F}}) {
-        Key(key, Qt::KeypadModifier);
+    int presses = 0;
+    for (const float zoom : {2.0F, 4.0F, 8.0F, 8.0F, 4.0F, 2.0F, 1.0F, 0.5F, 0.25F, 0.25F}) {
+        Key(++presses <= 4 ? Qt::Key_Plus : Qt::Key_Minus, Qt::KeypadModifier);
         EXPECT_EQ(mdlEdit.Zoom, zoom);
         EXPECT_EQ(view().ClientSize(), QSize(400, 300) * zoom);
         EXPECT_EQ(Drawn().pixelColor(view().ClientSize().width() - 1, 9), QColor(Qt::darkGreen));
@@ -246,7 +237,7 @@ TEST_F(Editing, ASettingsWindowMadeAnewCountsAsAChangeOfTheMode) {
     EXPECT_NE(Drawn(), items) << "start points are seen at once";
     EXPECT_FALSE(settings().isVisible());
     EXPECT_TRUE(Setting<QRadioButton>("optStart").isChecked());
-    EXPECT_EQ(ItemFields(), "|MEDIKIT|||||");
+    EXPECT_EQ(ItemFields(), "MEDIKIT||||||");
     EXPECT_EQ(mdlEdit.Items[0].Type, 4);
 }
 
@@ -282,17 +273,7 @@ TEST_F(Editing, TabGoesInReadingOrderAndEnterEscAndAPassingWheelDoNothing) {
 
 TEST_F(Editing, NoCaptionIsClippedAndAllLiesInsideTheWindow) {
     EXPECT_EQ(settings().widget()->size(), QSize(238, 293));
-    for (QWidget* control : settings().widget()->findChildren<QWidget*>()) {
-        EXPECT_TRUE(control->parentWidget()->rect().contains(control->geometry()));
-        const bool button = qobject_cast<QAbstractButton*>(control) != nullptr;
-        if (button || qobject_cast<QLabel*>(control)) {
-            const int indicator = button ? 13 + 3 : 0; // with the space behind it
-            const QString caption = control->property("text").toString();
-            EXPECT_LE(indicator + control->fontMetrics().horizontalAdvance(caption),
-                      control->width())
-                << caption.toStdString();
-        }
-    }
+    test::ExpectNoCaptionIsClipped(*settings().widget(), 25);
 }
 
 } // namespace

@@ -7,12 +7,8 @@
 #include "support/Models.h"
 #include "view/ViewHost.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QCoreApplication>
-#include <QLineEdit>
-#include <QRadioButton>
 #include <QTest>
+#include <QtWidgets>
 
 #include <iostream>
 #include <random>
@@ -37,27 +33,19 @@ class Monkey : public test::EditorFixture {
         return choices.begin()[Number(0, static_cast<int>(choices.size()) - 1)];
     }
 
-    QPointF Position() {
-        const auto quarters = [this] {
-            return Number(-Margin * 4, (LevelSide + Margin) * 4) / 4.0;
-        };
-        return QPointF(quarters(), quarters()) * mdlEdit.Zoom;
+    QPointF Position() { // to a quarter of a level pixel
+        const auto quarters = [this] { return Number(-Margin * 4, (LevelSide + Margin) * 4); };
+        return QPointF(quarters(), quarters()) / 4 * mdlEdit.Zoom;
     }
 
     // Mouse events that need not belong together.
     void UseMouse() {
         for (int i = Number(1, 4); i > 0; --i) {
             const auto button = OneOf({Qt::LeftButton, Qt::RightButton, Qt::MiddleButton});
-            switch (Number(0, 2)) {
-            case 0:
-                Press(button, Position());
-                break;
-            case 1:
-                Move(Qt::MouseButtons(Number(0, 7)), Position());
-                break;
-            default:
-                Release(button, Position());
-            }
+            const int kind = Number(0, 2);
+            kind == 0   ? Press(button, Position())
+            : kind == 1 ? Move(Qt::MouseButtons(Number(0, 7)), Position())
+                        : Release(button, Position());
         }
     }
 
@@ -109,18 +97,19 @@ class Monkey : public test::EditorFixture {
         ASSERT_TRUE(mdlEdit.NumItems >= 0 && mdlEdit.NumItems <= MaxItems);
         ASSERT_TRUE(mdlEdit.NumStartPoints >= 0 && mdlEdit.NumStartPoints <= MaxStartPoints);
         const EditingMode mode = viewHost.editingMode();
-        EXPECT_GE(view().curpoint, -1);
-        EXPECT_LT(view().curpoint, mode == EditingMode::Waypoints ? mdlEdit.NumWayPoints
-                                   : mode == EditingMode::Items   ? mdlEdit.NumItems
-                                                                  : mdlEdit.NumStartPoints);
+        const int count = mode == EditingMode::Waypoints ? mdlEdit.NumWayPoints
+                          : mode == EditingMode::Items   ? mdlEdit.NumItems
+                                                         : mdlEdit.NumStartPoints;
+        EXPECT_TRUE(view().curpoint >= -1 && view().curpoint < count) << view().curpoint;
         for (int i = 0; i < mdlEdit.NumWayPoints; ++i) {
             const WaypointRec& waypoint = mdlEdit.WayPoints.at(static_cast<std::size_t>(i));
             ASSERT_TRUE(waypoint.NumLinks >= -1 && waypoint.NumLinks < MaxLinks);
             std::set<int> targets = {i};
             for (int j = 0; j <= waypoint.NumLinks; ++j) {
                 const int target = waypoint.LinkDest.at(static_cast<std::size_t>(j));
-                EXPECT_TRUE(target >= 0 && target < mdlEdit.NumWayPoints) << i << " to " << target;
-                EXPECT_TRUE(targets.insert(target).second) << i << " to " << target;
+                EXPECT_TRUE(target >= 0 && target < mdlEdit.NumWayPoints &&
+                            targets.insert(target).second)
+                    << i << " to " << target;
             }
         }
     }
