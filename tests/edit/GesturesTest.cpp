@@ -5,7 +5,7 @@
 
 #include <QStringList>
 
-#include <array>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <string>
 #include <tuple>
@@ -65,7 +65,7 @@ TEST(Gestures, MoveToTheRoundedPointerWithoutLimitsButThoseOfSixteenBits) {
     model.NumItems = model.NumStartPoints = 1;
     using Row = std::pair<float, std::int16_t>;
     for (const auto& [at, stored] : {Row{2.5F, 2}, Row{3.5F, 4}, Row{-2.5F, -2}, Row{-3.5F, -4},
-                                     Row{40000, 32767}, Row{-1e9F, -32768}}) {
+                                     Row{40000, 32767}, Row{-1e9F, -32768}, Row{NAN, 0}}) {
         EXPECT_TRUE(MoveWaypoint(model, 1, {at, at}).repaint);
         EXPECT_TRUE(MoveItem(model, 0, {at, at}).repaint);
         EXPECT_TRUE(MoveStartPoint(model, 0, {at, at}).repaint);

@@ -203,7 +203,7 @@ TEST_F(LevelFiles, AFileThatCannotBeReadIsRefused) {
     QDir(folder.Path()).mkdir(LevelCfg);
     EXPECT_TRUE(Load().contains(u"level.cfg cannot be read: it is not a file"_s));
     QDir(folder.Path()).rmdir(LevelCfg);
-    folder.Write(LevelCfg, QByteArray(9 * 1024 * 1024, 'x'));
+    folder.Write(LevelCfg, QByteArray(8 * 1024 * 1024 + 1, 'x'));
     EXPECT_TRUE(Load().contains(u"larger than 8 MiB"_s));
     QFile::remove(folder.Path(LevelCfg));
     QFile::link(u"nowhere"_s, folder.Path(WaypointCfg));
@@ -262,7 +262,8 @@ TEST_F(LevelFiles, ASaveThatCannotBeDoneSaysWhyAndTouchesNothing) {
         {folder.Path(),
          {},
          u"\U0001F600"_s,
-         u"name of the material graphics cannot be written: the character \"\U0001F600\" (U+1F600)"_s},
+         u"name of the material graphics cannot be written: "
+         u"the character \"\U0001F600\" (U+1F600)"_s},
         {{}, {}, {}, u"no level folder has been chosen"_s},
         {folder.Path(u"gone"_s), {}, {}, folder.Path(u"gone/level.cfg"_s)}};
     for (const auto& [path, name, material, told] : rows) {

@@ -51,6 +51,10 @@ TEST_F(DrawingTest, AnImageIsPutAtItsPositionAndCutOffAtTheEdges) {
             {4, 0, 0}, {4, 1, 1},         {4, -1, -1},       {4, 2, 2}, {4, -3, 0},
             {4, 0, 3}, {4, INT32_MAX, 0}, {4, 0, INT32_MIN}, {3, 0, 1}, {3, 0, -1}};
         for (const auto& [width, left, top] : rows) {
+            {
+                DrawingSurface before(width, 4); // leaves its pixels in the memory used again
+                std::fill_n(before.row(3) - 3 * width, 4 * width, 0U);
+            }
             DrawingSurface surface(width, 4);
             png_.DrawToDC(surface, left, top);
             for (std::int64_t y = 0; y < 4; ++y) {

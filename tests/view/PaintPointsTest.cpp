@@ -34,9 +34,9 @@ class PaintPoints : public testing::Test {
     /// Fill and rim of the mark at a place, and whether it is the wide one of a selection.
     void ExpectMark(int x, int y, std::uint32_t rim, std::uint32_t fill, bool selected) {
         const std::uint32_t beyond = selected ? rim : Ground;
-        EXPECT_EQ(
-            (std::array{At(x, y), At(x + 1, y + 1), At(x, y - 2), At(x, y - 3), At(x + 4, y)}),
-            (std::array{fill, selected ? At(x + 1, y + 1) : fill, rim, beyond, Ground}))
+        EXPECT_EQ((std::array{At(x, y), At(x + 1, y + 1), At(x, y - 2), At(x, y - 3),
+                              At(x - 2, y - 2), At(x + 4, y)}),
+                  (std::array{fill, selected ? rim : fill, rim, beyond, beyond, Ground}))
             << x << ' ' << y;
     }
 
