@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // What a repaint of the map view costs, in multiples of a plain copy of the visible pixels. Prints
 // one row a case: what was measured, its ratio and the ratio to reach; "--short" for few rounds.
 // No other argument counts.

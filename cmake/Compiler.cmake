@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 # What every target is compiled with: warnings as errors, sanitizers where a preset asks for
 # them, and the hardening that costs nothing in a release.
 add_library(editor_compiler INTERFACE)

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 # editor_room(<folder> SOURCES file... LINKS target...)
 #
 # A folder of src/ as a static library editor_<folder>, included as "<folder>/File.h". LINKS are

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """Draws the example levels anew: pictures and level files of every folder beside this script."""
 
 import sys

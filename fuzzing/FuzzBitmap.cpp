@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // Any bytes as a BMP file: loaded, within the rules of its own header, or refused.
 
 #include "platform/BitmapFile.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // Any two texts as level.cfg and waypoint.cfg: they are read or refused, and what was read is
 // written, read again and then the same, but for what the files cannot hold.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // The PNG decoder from the bytes of a file to drawn pixels.
 
 #include "PngRecipe.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // Runs a fuzz target over every file of the folders it is given, in place of libFuzzer.
 
 #include <algorithm>

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // First inputs for the BMP loading: small files of the kinds that the platform writes.
 
 #include <QDir>

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // First inputs for the level files: levels within the rules, and the lines that only others write.
 
 #include "model/LevelWriter.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // seeds_png FOLDER: the first inputs for the decoder's fuzz target.
 
 #include "PngRecipe.h"

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 # Sourced by ./run, ./test, ./bench and ./fuzz: what all of them need done first.
 # shellcheck shell=bash
 

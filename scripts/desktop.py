@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """A virtual desktop with the real editor in it, used with mouse and keys.
 
 Only programs that any Debian has are called: Xvfb, openbox, xdotool and ImageMagick.

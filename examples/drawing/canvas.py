@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """A canvas for pixel art: each pixel is a shade of a short row of colours, a ramp.
 
 Shades run from 0 (first colour of the ramp) to 1 (last). Lights only change shades; resolve() turns

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """The canyon: an evening in the desert. Truecolour PNG."""
 
 import math

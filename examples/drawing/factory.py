@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """The factory: a hall at dusk, lamps lit. All pictures are 24-bit BMP, names in mixed case."""
 
 import math

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """The islands: adrift over the sea at dusk. The level's PNG carries alpha: sky, clouds and water
 are veils through which the parallax layer and the background show. The material is a palette PNG.
 """

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """A level beside its pictures: start points, items and waypoints, and the two files that hold them.
 
 Both files are plain text, every line ended by CR LF: sections in brackets, "key=value" lines, blank

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """Repeatable randomness: hashes, dice and noise. Nothing here depends on the Python version."""
 
 import math

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """Writing pictures: PNG with 8 bits a sample, and BMP with 24 bits a pixel.
 
 A picture is a list of rows, top row first; a row is a list of colours, each a tuple of

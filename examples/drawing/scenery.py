@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """What several levels are painted with: skies, rock, clouds, plants, ropes and lights."""
 
 import math

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+# SPDX-License-Identifier: MIT
+
 """The material map of a level: what every pixel is made of. The pictures are drawn after it, and
 everything in the level stands on it."""
 

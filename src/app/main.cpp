@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 #include "app/frmMain.h"
 #include "platform/Dialogs.h"
 #include "platform/Look.h"

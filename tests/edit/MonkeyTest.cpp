@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // Plays random gestures, keys and changes of fields and windows on a level and looks at what must
 // always hold. The seed is printed; EDITOR_MONKEY_SEED plays it again.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // Fails each system call of a Save in turn, with each of the errors that a disk can give, and kills
 // the process before each. Prints what came of it as a table: this program alone,
 // without arguments, is the table of faults.

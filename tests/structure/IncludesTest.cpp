@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
 // The rooms of src/ and what each may include: only rooms on the floors below it. A new room or a
 // new arrow is entered here, and in docs/architecture.md, on purpose.
 
