@@ -167,7 +167,7 @@ TEST_F(LevelFiles, TheTextIsReadAsThePlatformReadsPrivateProfiles) {
          0},
         {"[Other]\n[Map]\n[Map]\nBack=lost\n[Physics]\nKickerForce=-0007", QString(), -7},
         {"\xEF\xBB\xBF[Map]\nBack=a=b\n[Physics]\nKickerForce=- 5", u"a=b"_s, 0},
-        {QByteArray("[Map]\nBack=a\0b\n[Physics]\nKickerForce=9", 41), u"a"_s, 9},
+        {"[Map]\nBack=a" + QByteArray(1, '\0') + "b\n[Physics]\nKickerForce=9", u"a"_s, 9},
         {"[Map]\nBack=" + QByteArray(250, 'n') + "\n[Physics", QString(199, u'n'), 0},
         {"[Map]\nBack=\x81\x8D\x8F\x90\x9D\x80", u"\u0081\u008d\u008f\u0090\u009d\u20ac"_s, 0}};
     for (const auto& [text, back, kicker] : rows) {
