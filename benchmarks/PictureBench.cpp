@@ -3,17 +3,14 @@
 
 #include "LoadedPicture.h"
 #include "MadePictures.h"
+#include "Measuring.h"
 #include "support/PngBuilder.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstring>
-#include <iomanip>
 #include <map>
 #include <optional>
-#include <sstream>
-#include <stdexcept>
 #include <vector>
 
 namespace editor {
@@ -29,19 +26,8 @@ struct Medians {
     double peak = 0; // of our first load, in bytes
 };
 
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-// What a process of this program that measures one loader prints: the first load, its peak, and
-// a load when the memory was touched before.
-struct Printed {
-    double first = 0;
-    double peak = 0;
-    double again = 0;
-};
-
+// What a process that measures one loader prints: the time of a first load, its peak, and the time
+// of a load when the memory was touched before.
 void PrintLoads(Loader loader, const std::filesystem::path& file) {
     // The libraries' own first use is no part of a load.
     const std::filesystem::path warmUp = file.parent_path() / "one-pixel.png";
@@ -54,32 +40,19 @@ void PrintLoads(Loader loader, const std::filesystem::path& file) {
                 again.milliseconds);
 }
 
-Printed LoadInFreshProcess(const char* program, Loader loader, const std::filesystem::path& file) {
-    std::ostringstream line;
-    line << std::quoted(program, '\'') << " --load " << static_cast<int>(loader) << ' '
-         << std::quoted(file.string(), '\'');
-    const std::string command = line.str();
-    std::FILE* output = popen(command.c_str(), "r");
-    Printed printed;
-    if (output == nullptr ||
-        std::fscanf(output, "%lf %lf %lf", &printed.first, &printed.peak, &printed.again) != 3 ||
-        pclose(output) != 0) {
-        throw std::runtime_error("a load failed: " + command);
-    }
-    return printed;
-}
-
 Medians Measure(const char* program, const MadePicture& picture, int rounds) {
     std::map<Loader, std::vector<double>> first;
     std::map<Loader, std::vector<double>> again;
     std::vector<double> peaks;
     for (int i = 0; i < rounds; ++i) {
         for (const Loader loader : Loaders) {
-            const Printed printed = LoadInFreshProcess(program, loader, picture.file);
-            first[loader].push_back(printed.first);
-            again[loader].push_back(printed.again);
+            const std::vector<double> printed = InFreshProcess(
+                program,
+                {"--load", std::to_string(static_cast<int>(loader)), picture.file.string()}, 3);
+            first[loader].push_back(printed[0]);
+            again[loader].push_back(printed[2]);
             if (loader == Loader::Ours) {
-                peaks.push_back(printed.peak);
+                peaks.push_back(printed[1]);
             }
         }
     }

@@ -5,13 +5,13 @@
 // one row a case: what was measured, its ratio and the ratio to reach; "--short" for few rounds.
 // No other argument counts.
 
+#include "Measuring.h"
 #include "model/mdlEdit.h"
 #include "platform/DrawingSurface.h"
 #include "platform/PersistentImage.h"
 #include "view/PaintPoints.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -28,20 +28,6 @@ constexpr qsizetype Stride = Visible.width();
 constexpr std::size_t VisiblePixels = std::size_t{1920} * 1080;
 
 using Pixels = std::vector<std::uint32_t>;
-
-double Milliseconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    const std::chrono::duration<double, std::milli> taken =
-        std::chrono::steady_clock::now() - start;
-    return taken.count();
-}
-
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
 
 /// Times several works in turn, round after round, so that a change of the machine's speed meets
 /// all of them. The result is the median of each.

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace editor {
+
+[[nodiscard]] double Milliseconds(const std::function<void()>& work);
+
+[[nodiscard]] double Median(std::vector<double> values);
+
+/// The numbers that `program` prints when a process of its own runs it with `arguments`. Throws
+/// std::runtime_error when there are not `count` of them.
+[[nodiscard]] std::vector<double> InFreshProcess(const std::string& program,
+                                                 const std::vector<std::string>& arguments,
+                                                 std::size_t count);
+
+} // namespace editor
