@@ -106,6 +106,14 @@ std::uint32_t* DrawingSurface::row(std::int32_t y) {
     return RowAt(y);
 }
 
+const std::uint32_t* DrawingSurface::ShownRow(std::int32_t y) {
+    if (y < filledRows_) {
+        return RowAt(y);
+    }
+    initialRow_.resize(static_cast<std::size_t>(width_), InitialColour);
+    return initialRow_.data();
+}
+
 std::uint32_t* DrawingSurface::RowToCover(std::int32_t y) {
     FillRowsBelow(y);
     filledRows_ = std::max(filledRows_, y + 1);

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 namespace editor {
 
@@ -29,7 +30,11 @@ class DrawingSurface {
     /// Row y, 0 at the top: width() pixels, to be read and changed.
     [[nodiscard]] std::uint32_t* row(std::int32_t y);
 
-    /// Row y for a caller that sets each of its width() pixels; what they hold is unspecified.
+    /// What row y shows, to be read: valid until the next call for a row.
+    [[nodiscard]] const std::uint32_t* ShownRow(std::int32_t y);
+
+    /// Row y for a caller that sets each of its width() pixels; what they hold is unspecified. What
+    /// ShownRow() gave for the same row stays readable.
     [[nodiscard]] std::uint32_t* RowToCover(std::int32_t y);
 
     /// The pixels, handed over; the surface is empty afterwards.
@@ -43,6 +48,7 @@ class DrawingSurface {
     std::int32_t height_;
     std::int32_t filledRows_ = 0; // rows from here on still lack the initial colour
     LargeBuffer pixels_;
+    std::vector<std::uint32_t> initialRow_; // what such rows show, once someone looks
 };
 
 /// The header of a device-independent bitmap, field by field as the platform documents it.

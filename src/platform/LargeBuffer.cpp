@@ -27,11 +27,8 @@
 namespace editor {
 namespace {
 
-constexpr std::size_t HugePageSize = std::size_t{2} << 20;
-
 // Where the memory of a buffer comes from: Allocate() gives at least `size` bytes and says in
-// `capacity` how many; Free() takes back what it gave. ReturnPages() returns the memory of some
-// huge pages to the system until they are touched again. None is for several threads at once.
+// `capacity` how many; Free() takes back what it gave. Neither is for several threads at once.
 
 #ifdef EDITOR_PLAIN_BUFFERS
 
@@ -44,8 +41,6 @@ void Free(std::uint8_t* block, std::size_t) {
     std::free(block);
 }
 
-void ReturnPages(std::uint8_t*, std::size_t) {}
-
 #else
 
 // The first touch of a page costs more than all that is done with its bytes, and the system hands
@@ -53,6 +48,7 @@ void ReturnPages(std::uint8_t*, std::size_t) {}
 // them with an aligned block. What a block has beyond whole ones gets one more where that wastes
 // little; otherwise it is asked for at once, which saves part of the trap at each page's first
 // touch.
+constexpr std::size_t HugePageSize = std::size_t{2} << 20;
 constexpr std::size_t PageSize = 4096;
 constexpr std::size_t MostOfAHugePage = HugePageSize / 4 * 3;
 
@@ -162,10 +158,6 @@ void Free(std::uint8_t* data, std::size_t capacity) {
     }
 }
 
-void ReturnPages(std::uint8_t* first, std::size_t size) {
-    madvise(first, size, MADV_DONTNEED);
-}
-
 #endif
 
 } // namespace
@@ -185,16 +177,6 @@ LargeBuffer::~LargeBuffer() {
     if (data_ != nullptr) {
         Free(data_, capacity_);
     }
-}
-
-std::size_t LargeBuffer::GiveBack(std::size_t from, std::size_t to) {
-    const std::size_t first = (from + HugePageSize - 1) / HugePageSize * HugePageSize;
-    const std::size_t end = to / HugePageSize * HugePageSize;
-    if (end <= first) {
-        return from;
-    }
-    ReturnPages(data_ + first, end - first);
-    return end;
 }
 
 LargeBuffer::LargeBuffer(LargeBuffer&& other) noexcept

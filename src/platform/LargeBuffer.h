@@ -34,11 +34,6 @@ class LargeBuffer {
     /// Drops the bytes from `size` on, of which there must be as many at least.
     void Truncate(std::size_t size) { size_ = size; }
 
-    /// Gives the memory of the whole pages from byte `from` to byte `to` back to the system where
-    /// it can: their bytes are unspecified again. Returns to where that was done, from which the
-    /// next call goes on.
-    [[nodiscard]] std::size_t GiveBack(std::size_t from, std::size_t to);
-
   private:
     std::uint8_t* data_ = nullptr;
     std::size_t size_ = 0;

@@ -15,14 +15,12 @@
 namespace editor {
 namespace {
 
-// Rows are reconstructed and converted in bands of about this many bytes, which stay in the cache
-// between the two.
-constexpr std::int32_t BandBytes = 128 * 1024;
+// Rows are inflated, reconstructed and converted in bands of about this many bytes, which stay in
+// the processor's own cache from one step to the next.
+constexpr std::int32_t BandBytes = 256 * 1024;
 
-// With samples of 16 bits, truecolour with alpha is inflated to twice the size of its bitmap. Its
-// rows are given back while they are converted, in parts of about this size, lest the two together
-// take three times the memory of the picture.
-constexpr std::size_t GivenBackAtOnce = std::size_t{8} << 20;
+// As many rows as are reconstructed together.
+constexpr std::int32_t MinimumBandRows = 4;
 
 enum class Conversion { None, Unpack2Bit, PaletteAlpha, GrayAlpha, RGB, RGBA };
 
@@ -125,32 +123,34 @@ std::uint8_t* BitmapRow(BitmapRec& image, std::ptrdiff_t stride, std::int32_t y)
     return image.Pixels.data() + (image.Header.biHeight - 1 - y) * stride;
 }
 
-// Reconstructs the filtered rows and makes them into those of the bitmap, whose pixels are in
-// place.
-void ConvertRows(const HeaderRec& header, LargeBuffer& filtered, RowConverter& converter,
-                 BitmapRec& image) {
+// Inflates and reconstructs the rows of the file and makes them into those of the bitmap, whose
+// pixels are in place. False when the image data are corrupt.
+bool ConvertRows(const HeaderRec& header, RowConverter& converter, BitmapRec& image) {
     const std::int32_t bitCount = image.Header.biBitCount;
-    const std::size_t rowBytes = static_cast<std::size_t>(RowBytes(header));
+    const auto rowBytes = static_cast<std::size_t>(RowBytes(header));
+    const std::int32_t expectedSize = To32Bit(std::int64_t{header.Height} * RowBytes(header));
     const std::int32_t stride = DibStride(header.Width, static_cast<std::int16_t>(bitCount));
     const std::int64_t packed = (std::int64_t{header.Width} * bitCount + 7) / 8;
     const auto padding = static_cast<std::size_t>(stride - packed);
-    const bool givesBack = header.BitDepth == 16 && header.ColorType == TruecolourAlpha;
-    std::size_t givenBack = 0;
-    const std::int32_t bandRows = std::max(2, BandBytes / RowBytes(header));
-    for (std::int32_t first = 0; first < header.Height; first += bandRows) {
-        const std::int32_t count = std::min(bandRows, header.Height - first);
-        Unfilter(header, filtered.bytes(), first, count);
-        std::size_t start = 0;
-        for (std::int32_t y = first; y < first + count; ++y) {
-            start = static_cast<std::size_t>(y) * rowBytes;
-            std::uint8_t* out = BitmapRow(image, stride, y);
-            converter.Convert(filtered.bytes().subspan(start + 1, rowBytes - 1), out);
-            std::memset(out + packed, 0, padding);
-        }
-        if (givesBack && start - givenBack > GivenBackAtOnce) {
-            givenBack = filtered.GiveBack(givenBack, start); // the last row is still looked up to
-        }
-    }
+
+    // The row before a band, then the band.
+    const std::int32_t bandRows =
+        std::min(header.Height, std::max(MinimumBandRows, BandBytes / RowBytes(header)));
+    LargeBuffer rows(rowBytes * (static_cast<std::size_t>(bandRows) + 1));
+    const std::span<std::uint8_t> previous = rows.bytes().first(rowBytes);
+    std::int32_t y = 0;
+    return Inflate(GetImageData(), expectedSize, rows.bytes().subspan(rowBytes),
+                   [&](std::span<std::uint8_t> band) {
+                       Unfilter(header, band,
+                                y == 0 ? std::span<std::uint8_t>() : previous.subspan(1));
+                       for (std::size_t at = 0; at < band.size(); at += rowBytes, ++y) {
+                           std::uint8_t* out = BitmapRow(image, stride, y);
+                           converter.Convert(band.subspan(at + 1, rowBytes - 1), out);
+                           std::memset(out + packed, 0, padding);
+                       }
+                       const std::span<std::uint8_t> last = band.last(rowBytes);
+                       std::copy(last.begin(), last.end(), previous.begin());
+                   });
 }
 
 } // namespace
@@ -163,14 +163,9 @@ BitmapRec DecodeImage() {
     const ChunkRec tRNS = mdlPNG.GetChunk("tRNS1");
     const auto [conversion, bitCount] =
         TargetOf(header, header.ColorType == PaletteIndex && tRNS.Length > 0);
-    const std::int32_t expectedSize = To32Bit(std::int64_t{header.Height} * RowBytes(header));
     const std::int32_t bitmapSize =
         To32Bit(std::int64_t{header.Height} * DibStride(header.Width, bitCount));
 
-    LargeBuffer filtered = Inflate(GetImageData(), expectedSize);
-    if (filtered.empty()) {
-        throw std::runtime_error("the image data are corrupt");
-    }
     const std::vector<RGBTriple> palette = GetPalette();
     const AlphaPalette alphaPalette(palette, tRNS.Data);
     RowConverter converter(header, conversion, alphaPalette);
@@ -178,7 +173,9 @@ BitmapRec DecodeImage() {
     image.Palette = ColourTableOf(header, palette);
     image.Header = BitmapHeader(header, bitCount, image.Palette.size());
     image.Pixels = LargeBuffer(static_cast<std::size_t>(bitmapSize));
-    ConvertRows(header, filtered, converter, image);
+    if (!ConvertRows(header, converter, image)) {
+        throw std::runtime_error("the image data are corrupt");
+    }
     return image;
 }
 

@@ -57,26 +57,28 @@ bool AllAlphasAre(__m128i value, __m128i pixels) {
 }
 
 // Blends the pixels up to the last multiple of four and says how many they were.
-std::int32_t BlendFours(std::uint32_t* out, const std::uint8_t* pixels, std::int32_t count) {
+std::int32_t BlendFours(std::uint32_t* out, const std::uint32_t* background,
+                        const std::uint8_t* pixels, std::int32_t count) {
     const __m128i zero = _mm_setzero_si128();
     const __m128i full = _mm_set1_epi8(-1);
     std::int32_t i = 0;
     for (; i <= count - PixelsAtATime; i += PixelsAtATime) {
-        auto* target = reinterpret_cast<__m128i*>(out + i);
-        const __m128i four =
+        const __m128i old = _mm_loadu_si128(reinterpret_cast<const __m128i*>(background + i));
+        __m128i four =
             _mm_loadu_si128(reinterpret_cast<const __m128i*>(pixels + std::ptrdiff_t{4} * i));
-        if (AllAlphasAre(full, four)) {
-            _mm_storeu_si128(target, four);
-        } else if (!AllAlphasAre(zero, four)) {
-            _mm_storeu_si128(target, BlendFour(_mm_loadu_si128(target), four));
+        if (AllAlphasAre(zero, four)) {
+            four = old;
+        } else if (!AllAlphasAre(full, four)) {
+            four = BlendFour(old, four);
         }
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + i), four);
     }
     return i;
 }
 
 #else
 
-std::int32_t BlendFours(std::uint32_t*, const std::uint8_t*, std::int32_t) {
+std::int32_t BlendFours(std::uint32_t*, const std::uint32_t*, const std::uint8_t*, std::int32_t) {
     return 0;
 }
 
@@ -84,10 +86,11 @@ std::int32_t BlendFours(std::uint32_t*, const std::uint8_t*, std::int32_t) {
 
 } // namespace
 
-void BlendRow(std::uint32_t* out, const std::uint8_t* pixels, std::int32_t count) {
+void BlendRow(std::uint32_t* out, const std::uint32_t* background, const std::uint8_t* pixels,
+              std::int32_t count) {
     // The formula keeps the background at alpha 0 and takes the sample at alpha 255 of itself.
-    for (std::int32_t i = BlendFours(out, pixels, count); i < count; ++i) {
-        out[i] = BlendPixel(out[i], pixels + std::ptrdiff_t{4} * i);
+    for (std::int32_t i = BlendFours(out, background, pixels, count); i < count; ++i) {
+        out[i] = BlendPixel(background[i], pixels + std::ptrdiff_t{4} * i);
     }
 }
 
@@ -104,8 +107,14 @@ void DrawBlended(DrawingSurface& hDC, std::int32_t x, std::int32_t y, const Bitm
     const std::ptrdiff_t stride = DibStride(image.Header.biWidth, 32);
     for (std::int32_t r = rows.first; r < rows.first + rows.count; ++r) {
         const std::uint8_t* row = image.Pixels.data() + (image.Header.biHeight - 1 - r) * stride;
-        BlendRow(hDC.row(y + r) + x + columns.first, row + std::ptrdiff_t{4} * columns.first,
-                 columns.count);
+        const std::uint8_t* pixels = row + std::ptrdiff_t{4} * columns.first;
+        if (columns.count == hDC.width()) {
+            const std::uint32_t* background = hDC.ShownRow(y + r);
+            BlendRow(hDC.RowToCover(y + r), background, pixels, columns.count);
+        } else {
+            std::uint32_t* out = hDC.row(y + r) + x + columns.first;
+            BlendRow(out, out, pixels, columns.count);
+        }
     }
 }
 

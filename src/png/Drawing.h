@@ -18,9 +18,10 @@ void DrawPlain(DrawingSurface& hDC, std::int32_t x, std::int32_t y, const Bitmap
 /// Blends an image of 32 bits a pixel with what the surface shows.
 void DrawBlended(DrawingSurface& hDC, std::int32_t x, std::int32_t y, const BitmapRec& image);
 
-/// Blends `count` pixels (blue, green, red, alpha) with the pixels 0xffRRGGBB at `out`: of each
-/// sample ((255 - alpha) x old + alpha x new + 255) / 256, but alpha 0 keeps and alpha 255 replaces
-/// a pixel unchanged.
-void BlendRow(std::uint32_t* out, const std::uint8_t* pixels, std::int32_t count);
+/// Blends `count` pixels (blue, green, red, alpha) with the pixels 0xffRRGGBB at `background` and
+/// writes them to `out`, which may be the same place: of each sample ((255 - alpha) x old + alpha x
+/// new + 255) / 256, but alpha 0 keeps and alpha 255 replaces a pixel unchanged.
+void BlendRow(std::uint32_t* out, const std::uint32_t* background, const std::uint8_t* pixels,
+              std::int32_t count);
 
 } // namespace editor

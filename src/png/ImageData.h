@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include "platform/LargeBuffer.h"
-
 #include <cstdint>
+#include <functional>
 #include <span>
 
 namespace editor {
@@ -17,9 +16,17 @@ namespace editor {
 /// of them is empty.
 [[nodiscard]] std::span<const std::uint8_t> GetImageData();
 
-/// `data` inflated into a buffer of exactly `expectedSize` bytes; what the stream does not fill is
-/// 0. Empty when the stream is corrupt, cut short, empty, or longer than expected. Throws
-/// std::bad_alloc when the buffer cannot be had.
-[[nodiscard]] LargeBuffer Inflate(std::span<const std::uint8_t> data, std::int32_t expectedSize);
+/// What takes the next band of inflated bytes.
+using BandTaker = std::function<void(std::span<std::uint8_t> band)>;
+
+/// Inflates `data` to `expectedSize` bytes and hands them on in their order, a `band` full at a
+/// time, the last one perhaps shorter: each lies in `band`, where the next one will replace it.
+/// What the stream does not fill is 0.
+///
+/// False when the stream is corrupt, cut short, empty, or longer than expected, as zlib's
+/// uncompress() finds it; the bands handed on until then count for nothing. What `take` throws is
+/// passed on.
+[[nodiscard]] bool Inflate(std::span<const std::uint8_t> data, std::int32_t expectedSize,
+                           std::span<std::uint8_t> band, const BandTaker& take);
 
 } // namespace editor

@@ -8,43 +8,42 @@
 
 namespace editor {
 
-void Unfilter(const HeaderRec& header, std::span<std::uint8_t> filtered, std::int32_t first,
-              std::int32_t count) {
+void Unfilter(const HeaderRec& header, std::span<std::uint8_t> rows,
+              std::span<const std::uint8_t> previous) {
     const auto rowBytes = static_cast<std::size_t>(RowBytes(header));
     const std::int32_t bytesPerPixel = BytesPerPixel(header);
-    const auto filterOf = [&](std::int32_t y) {
-        return static_cast<FilterType>(filtered[static_cast<std::size_t>(y) * rowBytes]);
+    const std::size_t count = rows.size() / rowBytes;
+    const auto filterOf = [&](std::size_t y) {
+        return static_cast<FilterType>(rows[y * rowBytes]);
     };
-    const auto rowAt = [&](std::int32_t y) {
-        return filtered.subspan(static_cast<std::size_t>(y) * rowBytes + 1, rowBytes - 1);
-    };
-    // How many rows from `y` on are in a run of `isIn`, up to `most`.
-    const auto run = [&](std::int32_t y, std::int32_t most, auto isIn) {
-        std::int32_t rows = 0;
-        while (rows < most && y + rows < first + count && isIn(filterOf(y + rows))) {
-            ++rows;
+    const auto rowAt = [&](std::size_t y) { return rows.subspan(y * rowBytes + 1, rowBytes - 1); };
+    // Whether `number` rows from `y` on are there and each is `kind`.
+    const auto are = [&](std::size_t y, std::size_t number, auto kind) {
+        std::size_t alike = 0;
+        while (alike < number && y + alike < count && kind(filterOf(y + alike))) {
+            ++alike;
         }
-        return rows;
+        return alike == number;
     };
     const auto isPaeth = [](FilterType type) { return type == FilterType::Paeth; };
-    std::int32_t y = first;
-    if (y == 0 && count > 0) {
-        FilterRow(filterOf(y), rowAt(y), {}, bytesPerPixel);
-        ++y;
-    }
-    while (y < first + count) {
-        if (run(y, 4, isPaeth) == 4) {
-            FilterPaethFour({rowAt(y), rowAt(y + 1), rowAt(y + 2), rowAt(y + 3)}, rowAt(y - 1),
+    std::size_t y = 0;
+    while (y < count) {
+        if (previous.empty()) {
+            FilterRow(filterOf(y), rowAt(y), previous, bytesPerPixel);
+            y += 1;
+        } else if (are(y, 4, isPaeth)) {
+            FilterPaethFour({rowAt(y), rowAt(y + 1), rowAt(y + 2), rowAt(y + 3)}, previous,
                             bytesPerPixel);
             y += 4;
-        } else if (run(y, 2, LooksBack) == 2) {
-            FilterPair(filterOf(y), rowAt(y), filterOf(y + 1), rowAt(y + 1), rowAt(y - 1),
+        } else if (are(y, 2, LooksBack)) {
+            FilterPair(filterOf(y), rowAt(y), filterOf(y + 1), rowAt(y + 1), previous,
                        bytesPerPixel);
             y += 2;
         } else {
-            FilterRow(filterOf(y), rowAt(y), rowAt(y - 1), bytesPerPixel);
-            ++y;
+            FilterRow(filterOf(y), rowAt(y), previous, bytesPerPixel);
+            y += 1;
         }
+        previous = rowAt(y - 1);
     }
 }
 

@@ -10,11 +10,11 @@
 
 namespace editor {
 
-/// The `count` rows from `first` on of a filtered image (Height x RowBytes() bytes), reconstructed
-/// where they lie: row y then has its pixel data from byte y x RowBytes() + 1 on, in the layout of
-/// the file. The rows before `first` must have been reconstructed already. A filter-type byte that
-/// names no filter leaves its row as it is.
-void Unfilter(const HeaderRec& header, std::span<std::uint8_t> filtered, std::int32_t first,
-              std::int32_t count);
+/// Reconstructs rows of a filtered image (RowBytes() bytes each) where they lie: each then has its
+/// pixel data behind its filter-type byte, in the layout of the file. `previous` are the pixel data
+/// of the row before, reconstructed; empty for the top row. A filter-type byte that names no filter
+/// leaves its row as it is.
+void Unfilter(const HeaderRec& header, std::span<std::uint8_t> rows,
+              std::span<const std::uint8_t> previous);
 
 } // namespace editor

@@ -50,17 +50,5 @@ TEST(BuffersTest, ABufferGoesWithItsNameAndLeavesNothingBehind) {
     EXPECT_THROW(LargeBuffer(std::size_t{1} << 60), std::bad_alloc);
 }
 
-TEST(BuffersTest, GivingBackAPartLeavesTheRestAlone) {
-    LargeBuffer buffer(9 * MiB);
-    std::memset(buffer.data(), 5, buffer.size());
-    EXPECT_EQ(buffer.GiveBack(1, 2 * MiB - 1), 1U); // not one whole page
-    const std::size_t next = buffer.GiveBack(MiB, 7 * MiB);
-    EXPECT_EQ(next, 6 * MiB);
-    EXPECT_EQ(buffer.data()[2 * MiB - 1], 5);
-    EXPECT_EQ(buffer.data()[next], 5);
-    std::memset(buffer.data() + 2 * MiB, 6, 4 * MiB);
-    EXPECT_EQ(buffer.data()[next - 1], 6);
-}
-
 } // namespace
 } // namespace editor

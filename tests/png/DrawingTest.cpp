@@ -20,7 +20,7 @@ TEST_F(DrawingTest, BlendingDividesBy256AndKeepsTheEndsExact) {
           Row{0xffffffff, {255, 255, 255, 1}, 0xffffffff},
           Row{0xff000000, {0, 1, 255, 254}, 0xfffe0100}}) {
         std::uint32_t out = background;
-        BlendRow(&out, pixel.data(), 1);
+        BlendRow(&out, &out, pixel.data(), 1);
         EXPECT_EQ(out, result);
     }
 }
@@ -30,16 +30,16 @@ TEST_F(DrawingTest, BlendingManyPixelsAtOnceIsBlendingEachAlone) {
     Bytes pixels = NoiseRows(header, 1);
     const Bytes backgrounds = NoiseRows(header, 2);
     for (std::size_t row = 0; row < 256; ++row) {
-        std::array<std::uint32_t, 23> together, alone;
+        std::array<std::uint32_t, 23> below, together, alone;
         std::uint8_t* first = &pixels[row * 92];
         for (std::size_t i = 0; i < 23; ++i) {
             // Every alpha once, and runs of both ends.
             first[4 * i + 3] = static_cast<std::uint8_t>(i < 8 ? row : i < 13 ? 0 : 255);
-            std::memcpy(&together[i], &backgrounds[row * 92 + 4 * i], 4);
-            alone[i] = together[i] |= 0xff000000;
-            BlendRow(&alone[i], first + 4 * i, 1);
+            std::memcpy(&below[i], &backgrounds[row * 92 + 4 * i], 4);
+            alone[i] = below[i] |= 0xff000000;
+            BlendRow(&alone[i], &alone[i], first + 4 * i, 1);
         }
-        BlendRow(together.data(), first, 23);
+        BlendRow(together.data(), below.data(), first, 23);
         ASSERT_EQ(together, alone) << row;
     }
 }
