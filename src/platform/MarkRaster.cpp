@@ -32,23 +32,39 @@ constexpr std::int64_t FloorDivide(std::int64_t a, std::int64_t b) {
     return a / b - (a % b < 0 ? 1 : 0); // b > 0
 }
 
-constexpr std::int64_t CeilDivide(std::int64_t a, std::int64_t b) {
-    return -FloorDivide(-a, b);
-}
+// Paint() keeps the position across as a binary fraction, so that a step is one addition, without
+// a branch that no processor could foresee. Rounded down, the slope lets the fraction fall behind
+// by less than 1 / (4 length) over the longest line that is painted so, and the fraction begins
+// ahead by that much: a true position is a multiple of 1 / (2 length), and so is where its pixel
+// changes.
+constexpr int FractionBits = 42;
+constexpr std::int64_t LongestQuickLine = std::int64_t{1} << 19;
+constexpr std::int64_t Ahead = (std::int64_t{1} << FractionBits) / (4 * LongestQuickLine);
+static_assert(LongestQuickLine < Ahead);
 
 } // namespace
 
-LineSteps::LineSteps(int x1, int y1, int x2, int y2)
-    : alongX_(std::abs(std::int64_t{x2} - x1) >= std::abs(std::int64_t{y2} - y1)) {
-    std::pair<std::int64_t, std::int64_t> from(alongX_ ? x1 : y1, alongX_ ? y1 : x1);
-    std::pair<std::int64_t, std::int64_t> to(alongX_ ? x2 : y2, alongX_ ? y2 : x2);
-    if (to < from) {
-        std::swap(from, to);
-    }
+LineSteps::LineSteps(const QPoint& one, const QPoint& other)
+    : alongX_(std::abs(std::int64_t{other.x()} - one.x()) >=
+              std::abs(std::int64_t{other.y()} - one.y())) {
+    const auto ends = [this](const QPoint& point) {
+        return alongX_ ? std::pair<std::int64_t, std::int64_t>(point.x(), point.y())
+                       : std::pair<std::int64_t, std::int64_t>(point.y(), point.x());
+    };
+    const auto [from, to] = std::minmax({ends(one), ends(other)});
     start_ = from.first;
     shortStart_ = from.second;
     length_ = to.first - from.first;
     rise_ = to.second - from.second;
+    inverse_ = rise_ == 0 ? 0 : 0.5 / static_cast<double>(std::abs(rise_));
+    if (0 < length_ && length_ <= LongestQuickLine) {
+        slope_ = FloorDivide(rise_ * (std::int64_t{1} << FractionBits), length_);
+    }
+}
+
+std::pair<std::int64_t, std::int64_t> LineSteps::Rows() const {
+    return alongX_ ? std::minmax({shortStart_, shortStart_ + rise_})
+                   : std::pair(start_, start_ + length_);
 }
 
 QPoint LineSteps::At(std::int64_t i) const {
@@ -59,6 +75,21 @@ QPoint LineSteps::At(std::int64_t i) const {
     return alongX_ ? QPoint(along, across) : QPoint(across, along);
 }
 
+// floor(a / (2 |rise|)). A line is clipped for every band that it is painted in, and divisions of
+// integers would cost as much as its pixels: the quotient of the nearest fractions is at most next
+// to the right one.
+std::int64_t LineSteps::DividedByTwiceRise(std::int64_t a) const {
+    const std::int64_t divisor = 2 * std::abs(rise_);
+    auto quotient = static_cast<std::int64_t>(static_cast<double>(a) * inverse_);
+    while (quotient * divisor > a) {
+        --quotient;
+    }
+    while ((quotient + 1) * divisor <= a) {
+        ++quotient;
+    }
+    return quotient;
+}
+
 std::pair<std::int64_t, std::int64_t> LineSteps::Inside(const QRect& area) const {
     const std::int64_t low = alongX_ ? area.left() : area.top();
     const std::int64_t high = alongX_ ? area.right() : area.bottom();
@@ -67,23 +98,48 @@ std::pair<std::int64_t, std::int64_t> LineSteps::Inside(const QRect& area) const
     const std::int64_t shortHigh = (alongX_ ? area.bottom() : area.right()) - shortStart_;
     std::int64_t first = std::max<std::int64_t>(0, low - start_);
     std::int64_t last = std::min(length_, high - start_);
-    if (rise_ == 0) {
-        return shortLow <= 0 && 0 <= shortHigh ? std::pair(first, last)
-                                               : std::pair<std::int64_t, std::int64_t>(0, -1);
+    const auto [lowest, highest] = std::minmax({std::int64_t{0}, rise_});
+    if (shortLow <= lowest && highest <= shortHigh) {
+        return {first, last};
+    }
+    if (highest < shortLow || shortHigh < lowest) {
+        return {0, -1};
     }
     // The position across at step i is floor((2 i rise + length) / (2 length)); it is at least L
     // exactly when 2 i rise >= (2 L - 1) length, and at most H exactly when
     // 2 i rise < (2 H + 1) length.
     const std::int64_t atLeast = (2 * shortLow - 1) * length_;
     const std::int64_t below = (2 * shortHigh + 1) * length_;
-    if (rise_ > 0) {
-        first = std::max(first, CeilDivide(atLeast, 2 * rise_));
-        last = std::min(last, CeilDivide(below, 2 * rise_) - 1);
-    } else {
-        first = std::max(first, FloorDivide(-below, -2 * rise_) + 1);
-        last = std::min(last, FloorDivide(-atLeast, -2 * rise_));
-    }
+    // A falling line meets the two limits in the other order.
+    const auto [outside, inside] =
+        rise_ > 0 ? std::pair(atLeast - 1, below - 1) : std::pair(-below, -atLeast);
+    first = std::max(first, DividedByTwiceRise(outside) + 1);
+    last = std::min(last, DividedByTwiceRise(inside));
     return {first, last};
+}
+
+void LineSteps::Paint(const RasterTarget& target, std::int64_t first, std::int64_t last, int every,
+                      std::uint32_t colour) const {
+    if (length_ > LongestQuickLine) {
+        for (std::int64_t i = first; i <= last; i += every) {
+            const QPoint pixel = At(i);
+            *target.At(pixel.x(), pixel.y()) = colour;
+        }
+        return;
+    }
+    const qsizetype along = every * (alongX_ ? 1 : target.stride);
+    const qsizetype across = alongX_ ? target.stride : 1;
+    // The index of a pixel whose line has not gone across yet, which may lie outside.
+    const std::int64_t right = (alongX_ ? start_ + first : shortStart_) - target.exposed.left();
+    const std::int64_t down = (alongX_ ? shortStart_ : start_ + first) - target.exposed.top();
+    std::int64_t index = down * target.stride + right;
+    const std::int64_t half = std::int64_t{1} << (FractionBits - 1);
+    std::int64_t position = half + Ahead + first * slope_;
+    for (std::int64_t i = first; i <= last; i += every) {
+        target.pixels[index + (position >> FractionBits) * across] = colour;
+        index += along;
+        position += every * slope_;
+    }
 }
 
 int MarkReach(int lineWidth) {
@@ -108,67 +164,7 @@ void PaintCircle(const RasterTarget& target, const QPoint& centre, int lineWidth
     }
 }
 
-/// Walks along the steps of a line without a division.
-class LineWalk {
-  public:
-    LineWalk(const RasterTarget& target, const LineSteps& line, std::int64_t first)
-        : doubleRise_(static_cast<int>(2 * std::abs(line.rise_))),
-          doubleLength_(static_cast<int>(2 * line.length_)) {
-        const QPoint pixel = line.At(first);
-        pixel_ = target.At(pixel.x(), pixel.y());
-        along_ = line.alongX_ ? 1 : target.stride;
-        across_ = (line.alongX_ ? target.stride : 1) * (line.rise_ < 0 ? -1 : 1);
-        // How far the line's true position lies, in the direction in which it goes across, from
-        // where the nearest pixel changes. With a falling line halves belong to the pixel before.
-        const std::int64_t sum = 2 * first * line.rise_ + line.length_;
-        const std::int64_t remainder =
-            doubleLength_ == 0 ? 0 : sum - FloorDivide(sum, doubleLength_) * doubleLength_;
-        toGo_ = static_cast<int>(line.rise_ < 0 ? remainder + 1 : doubleLength_ - remainder);
-    }
-
-    [[nodiscard]] std::uint32_t* Pixel() const { return pixel_; }
-
-    void Next() {
-        pixel_ += along_;
-        toGo_ -= doubleRise_;
-        if (toGo_ <= 0) {
-            toGo_ += doubleLength_;
-            pixel_ += across_;
-        }
-    }
-
-  private:
-    int doubleRise_;
-    int doubleLength_;
-    int toGo_;
-    qsizetype along_;
-    qsizetype across_;
-    std::uint32_t* pixel_;
-};
-
 namespace {
-
-// Every pixel of the steps lies in the target.
-void PaintThinLine(const RasterTarget& target, const LineSteps& line, std::int64_t first,
-                   std::int64_t last, bool dotted, std::uint32_t colour) {
-    if (dotted) {
-        first += first % 2;
-        if (first > last) {
-            return;
-        }
-        LineWalk walk(target, line, first);
-        for (std::int64_t i = first; i <= last; i += 2) {
-            *walk.Pixel() = colour;
-            walk.Next();
-            walk.Next();
-        }
-        return;
-    }
-    LineWalk walk(target, line, first);
-    for (std::int64_t i = first; i <= last; ++i, walk.Next()) {
-        *walk.Pixel() = colour;
-    }
-}
 
 // Of each span across the line only what lies in the target is painted.
 void PaintWideLine(const RasterTarget& target, const LineSteps& line, std::int64_t first,
@@ -196,7 +192,7 @@ void PaintLine(const RasterTarget& target, const LineSteps& line, int lineWidth,
         return;
     }
     if (reach == 0) {
-        PaintThinLine(target, line, first, last, dotted, colour);
+        line.Paint(target, dotted ? first + first % 2 : first, last, dotted ? 2 : 1, colour);
     } else {
         PaintWideLine(target, line, first, last, reach, dotted, colour);
     }

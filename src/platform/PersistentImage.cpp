@@ -10,6 +10,10 @@
 #include <cstring>
 #include <type_traits>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace editor {
 namespace {
 
@@ -23,6 +27,9 @@ constexpr int ChangePiece = 64;
 // How far a mark's pixels may lie from its points.
 constexpr int MaximumReach = 3;
 
+// View pixels that are copied, and of the next row prefetched, at a time.
+constexpr int RunLength = 512;
+
 int SourceIndex(int view, int pictureSize, int stretchedSize) {
     return static_cast<int>(static_cast<std::int64_t>(view) * pictureSize / stretchedSize);
 }
@@ -32,7 +39,8 @@ int SourceIndex(int view, int pictureSize, int stretchedSize) {
 class SourceRun {
   public:
     SourceRun(int first, int count, int pictureSize, int stretchedSize)
-        : first_(SourceIndex(first, pictureSize, stretchedSize)), count_(count) {
+        : first_(SourceIndex(first, pictureSize, stretchedSize)),
+          last_(SourceIndex(first + count - 1, pictureSize, stretchedSize)), count_(count) {
         if (pictureSize % stretchedSize == 0) {
             step_ = pictureSize / stretchedSize;
         } else if (stretchedSize % pictureSize == 0) {
@@ -45,6 +53,17 @@ class SourceRun {
                     SourceIndex(first + i, pictureSize, stretchedSize);
             }
         }
+    }
+
+    /// Has the run's pixels of `row` brought into the cache. A picture's rows lie too far apart for
+    /// the processor to foresee the next one.
+    void Prefetch([[maybe_unused]] const std::uint32_t* row) const {
+#ifdef __SSE2__
+        constexpr int PixelsOfACacheLine = 16;
+        for (int i = first_; i <= last_; i += PixelsOfACacheLine) {
+            _mm_prefetch(reinterpret_cast<const char*>(row + i), _MM_HINT_T0);
+        }
+#endif
     }
 
     /// Writes the run's pixels of `row`.
@@ -87,9 +106,9 @@ class SourceRun {
         const std::ptrdiff_t begun = times - repeated_; // what is left of the first pixel
         target = std::fill_n(target, std::min<std::ptrdiff_t>(begun, count_), *source);
         for (; end - target >= times; target += times) {
-            ++source;
+            const std::uint32_t pixel = *++source; // no store can change it, so that they are wide
             for (int i = 0; i < times; ++i) {
-                target[i] = *source;
+                target[i] = pixel;
             }
         }
         if (target < end) {
@@ -97,7 +116,8 @@ class SourceRun {
         }
     }
 
-    int first_;
+    int first_; // of the picture's pixels, as is last_
+    int last_;
     int count_;
     int step_ = 0;     // picture pixels from view pixel to view pixel, where that is whole
     int repeat_ = 0;   // view pixels of a picture pixel, where that is whole
@@ -118,47 +138,46 @@ void PersistentImage::Clear() {
     marks_.clear();
 }
 
+void PersistentImage::Add(Mark mark) {
+    const auto [top, bottom] = mark.line.Rows();
+    mark.top = top - MaximumReach;
+    mark.bottom = bottom + MaximumReach;
+    marks_.push_back(mark);
+}
+
 void PersistentImage::Circle(float x, float y, std::uint32_t colour) {
     Mark mark = pen_;
     mark.circle = true;
     mark.style = LineStyle::Solid;
     mark.colour = colour;
-    mark.x1 = mark.x2 = RoundTo<std::int32_t>(x);
-    mark.y1 = mark.y2 = RoundTo<std::int32_t>(y);
-    marks_.push_back(mark);
+    const QPoint centre(RoundTo<std::int32_t>(x), RoundTo<std::int32_t>(y));
+    mark.line = LineSteps(centre, centre);
+    Add(mark);
 }
 
 void PersistentImage::Line(float x1, float y1, float x2, float y2, std::uint32_t colour) {
     Mark mark = pen_;
     mark.fill = 0;
     mark.colour = colour;
-    mark.x1 = RoundTo<std::int32_t>(x1);
-    mark.y1 = RoundTo<std::int32_t>(y1);
-    mark.x2 = RoundTo<std::int32_t>(x2);
-    mark.y2 = RoundTo<std::int32_t>(y2);
-    marks_.push_back(mark);
+    mark.line = LineSteps({RoundTo<std::int32_t>(x1), RoundTo<std::int32_t>(y1)},
+                          {RoundTo<std::int32_t>(x2), RoundTo<std::int32_t>(y2)});
+    Add(mark);
 }
 
 void PersistentImage::AddChange(QRegion& region, const Mark& mark, const QRect& visible) {
     const int reach = mark.circle ? MarkReach(mark.width) : mark.width / 2;
-    const auto add = [&](int x1, int y1, int x2, int y2) {
-        const QRect box(QPoint(std::min(x1, x2) - reach, std::min(y1, y2) - reach),
-                        QPoint(std::max(x1, x2) + reach, std::max(y1, y2) + reach));
+    const auto add = [&](const QPoint& from, const QPoint& to) {
+        const QRect box(
+            QPoint(std::min(from.x(), to.x()) - reach, std::min(from.y(), to.y()) - reach),
+            QPoint(std::max(from.x(), to.x()) + reach, std::max(from.y(), to.y()) + reach));
         const QRect seen = box & visible;
         if (!seen.isEmpty()) {
             region |= seen;
         }
     };
-    if (mark.circle) {
-        add(mark.x1, mark.y1, mark.x1, mark.y1);
-        return;
-    }
-    const LineSteps line(mark.x1, mark.y1, mark.x2, mark.y2);
-    const auto [first, last] = line.Inside(visible.adjusted(-reach, -reach, reach, reach));
+    const auto [first, last] = mark.line.Inside(visible.adjusted(-reach, -reach, reach, reach));
     for (std::int64_t i = first; i <= last; i += ChangePiece) {
-        const QPoint from = line.At(i);
-        const QPoint to = line.At(std::min(i + ChangePiece, last));
-        add(from.x(), from.y(), to.x(), to.y());
+        add(mark.line.At(i), mark.line.At(std::min(i + ChangePiece, last)));
     }
 }
 
@@ -202,20 +221,32 @@ void PersistentImage::PaintBackground(std::uint32_t* target, qsizetype stride,
     if (covered.isEmpty()) {
         return;
     }
-    const SourceRun columns(covered.left(), covered.width(), background_.width(),
-                            stretched_.width());
+    std::vector<SourceRun> runs;
+    for (int x = covered.left(); x <= covered.right(); x += RunLength) {
+        runs.emplace_back(x, std::min(RunLength, covered.right() + 1 - x), background_.width(),
+                          stretched_.width());
+    }
+    const auto sourceRow = [this](int y) {
+        return SourceIndex(y, background_.height(), stretched_.height());
+    };
     std::uint32_t* row =
         target + (covered.top() - exposed.top()) * stride + (covered.left() - exposed.left());
+    const std::uint32_t* drawn = nullptr; // where the pixels of `drawnSource` are
     int drawnSource = -1;
     for (int y = covered.top(); y <= covered.bottom(); ++y, row += stride) {
-        const int source = SourceIndex(y, background_.height(), stretched_.height());
+        const int source = sourceRow(y);
         if (source == drawnSource) {
-            std::memcpy(row, row - stride,
+            std::memcpy(row, drawn,
                         static_cast<std::size_t>(covered.width()) * sizeof(std::uint32_t));
-        } else {
-            columns.Copy(row, background_.row(source));
-            drawnSource = source;
+            continue;
         }
+        const int next = std::min(std::max(source + 1, sourceRow(y + 1)), background_.height() - 1);
+        for (std::size_t i = 0; i < runs.size(); ++i) {
+            runs[i].Prefetch(background_.row(next));
+            runs[i].Copy(row + static_cast<std::ptrdiff_t>(i) * RunLength, background_.row(source));
+        }
+        drawn = row;
+        drawnSource = source;
     }
 }
 
@@ -226,15 +257,13 @@ void PersistentImage::Paint(std::uint32_t* target, qsizetype stride, const QRect
     PaintBackground(target, stride, exposed);
     const RasterTarget raster{target, stride, exposed};
     for (const Mark& mark : marks_) {
-        if (std::max(mark.y1, mark.y2) + MaximumReach < exposed.top() ||
-            std::min(mark.y1, mark.y2) - MaximumReach > exposed.bottom()) {
+        if (mark.bottom < exposed.top() || mark.top > exposed.bottom()) {
             continue;
         }
         if (mark.circle) {
-            PaintCircle(raster, QPoint(mark.x1, mark.y1), mark.width, mark.colour, mark.fill);
+            PaintCircle(raster, mark.line.At(0), mark.width, mark.colour, mark.fill);
         } else {
-            PaintLine(raster, LineSteps(mark.x1, mark.y1, mark.x2, mark.y2), mark.width,
-                      mark.style == LineStyle::Dotted, mark.colour);
+            PaintLine(raster, mark.line, mark.width, mark.style == LineStyle::Dotted, mark.colour);
         }
     }
 }

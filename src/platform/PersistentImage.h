@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/MarkRaster.h"
 #include "platform/Picture.h"
 
 #include <QRect>
@@ -29,9 +30,9 @@ class PersistentImage {
     /// Radius of every circle in pixels.
     static constexpr int CircleRadius = 2;
 
-    /// The most rows that Paint() should be asked for at a time: so many fit into a processor's own
-    /// cache, where the marks find the background and the window finds both.
-    static constexpr int BandHeight = 256;
+    /// The most rows that Paint() should be asked for at a time: so many of a wide screen fit into a
+    /// processor's own cache, where the marks find the background and the window finds both.
+    static constexpr int BandHeight = 128;
 
     /// What is seen where there is no background.
     static constexpr std::uint32_t PlainColour = 0xff808080;
@@ -67,19 +68,19 @@ class PersistentImage {
 
   private:
     struct Mark {
+        std::int64_t top = 0; // the rows that it may reach
+        std::int64_t bottom = 0;
         bool circle = false;
         std::uint8_t width = 1;
         LineStyle style = LineStyle::Solid;
         std::uint32_t fill = 0;
         std::uint32_t colour = 0;
-        int x1 = 0;
-        int y1 = 0;
-        int x2 = 0;
-        int y2 = 0;
+        LineSteps line; // of a circle, the line from its centre to its centre
 
         bool operator==(const Mark&) const = default;
     };
 
+    void Add(Mark mark);
     void PaintBackground(std::uint32_t* target, qsizetype stride, const QRect& exposed) const;
     static void AddChange(QRegion& region, const Mark& mark, const QRect& visible);
 

@@ -110,18 +110,18 @@ TEST(PersistentImage, EachViewPixelShowsItsLevelPixelAlsoInTheLargestView) {
     const Picture picture = RandomPicture(random, 32767, 2);
     PersistentImage image;
     image.SetBackground(picture, QSize(262136, 16));
-    const QImage end = Painted(image, QRect(262100, 0, 50, 17));
-    for (int x = 0; x < 36; ++x) {
-        ASSERT_EQ(end.pixel(x, 7), picture.row(0)[(262100 + x) / 8]);
-        ASSERT_EQ(end.pixel(x, 8), picture.row(1)[(262100 + x) / 8]);
+    const QImage end = Painted(image, QRect(260001, 0, 2150, 17));
+    for (int x = 0; x < 2135; ++x) {
+        ASSERT_EQ(end.pixel(x, 7), picture.row(0)[(260001 + x) / 8]);
+        ASSERT_EQ(end.pixel(x, 8), picture.row(1)[(260001 + x) / 8]);
     }
-    EXPECT_EQ(end.pixel(36, 0), PersistentImage::PlainColour);
+    EXPECT_EQ(end.pixel(2135, 0), PersistentImage::PlainColour);
     EXPECT_EQ(end.pixel(0, 16), PersistentImage::PlainColour);
 
     image.SetBackground(picture, QSize(8192, 1));
-    const QImage quarter = Painted(image, QRect(8000, 0, 100, 1));
-    for (int x = 0; x < 100; ++x) {
-        ASSERT_EQ(quarter.pixel(x, 0), picture.row(0)[(8000LL + x) * 32767 / 8192]);
+    const QImage quarter = Painted(image, QRect(6500, 0, 1692, 1));
+    for (int x = 0; x < 1692; ++x) {
+        ASSERT_EQ(quarter.pixel(x, 0), picture.row(0)[(6500LL + x) * 32767 / 8192]);
     }
 }
 
@@ -149,6 +149,32 @@ TEST(PersistentImage, LinesJoinTheirEndsInEveryDirection) {
         const int steps = std::max(std::abs(end.x() - 32), std::abs(end.y() - 32)) + 1;
         EXPECT_EQ(pixelsOf(solid), steps) << angle;
         EXPECT_EQ(pixelsOf(dots), (steps + 1) / 2) << angle;
+    }
+}
+
+TEST(PersistentImage, OfALineOfAnyLengthThePixelsAreTheNearestOnes) {
+    std::mt19937 random(5);
+    const QRect whole(100, 200, 90, 70);
+    for (int i = 0; i < 3000; ++i) {
+        // Through the middle of the area, as far away as a view can be large, and further.
+        const int reach = 1 << random() % 21;
+        const auto number = [&] { return static_cast<int>(random() % (2 * reach + 1)) - reach; };
+        const QPoint middle = whole.center() + QPoint(static_cast<int>(random() % 9), 0);
+        const QPoint half(number(), i % 5 == 0 ? 0 : number());
+        const QPoint from = middle - half, to = middle + half;
+        PersistentImage image;
+        image.Line(static_cast<float>(from.x()), static_cast<float>(from.y()),
+                   static_cast<float>(to.x()), static_cast<float>(to.y()), Red);
+        QImage expected(whole.size(), QImage::Format_RGB32);
+        expected.fill(PersistentImage::PlainColour);
+        const LineSteps steps(from, to);
+        const auto [first, last] = steps.Inside(whole);
+        ASSERT_TRUE(first == 0 || !whole.contains(steps.At(first - 1))) << i;
+        ASSERT_TRUE(last + 1 == steps.Count() || !whole.contains(steps.At(last + 1))) << i;
+        for (std::int64_t step = first; step <= last; ++step) {
+            expected.setPixel(steps.At(step) - whole.topLeft(), Red);
+        }
+        ASSERT_EQ(Painted(image, whole), expected) << i;
     }
 }
 
