@@ -6,9 +6,7 @@
 #include <QByteArray>
 #include <QLocale>
 
-#include <charconv>
 #include <limits>
-#include <system_error>
 
 namespace editor {
 namespace {
@@ -49,23 +47,37 @@ double WholeNumber(QByteArrayView digits, int base) {
     return value;
 }
 
-// std::from_chars takes no "+" and would take "inf" and "nan"; it gives no value when the number is
-// too large or too small to hold.
-double DecimalNumber(QByteArrayView text) {
-    const bool negative = text.startsWith('-');
-    if (negative || text.startsWith('+')) {
-        text = text.sliced(1);
+qsizetype SkipDigits(QByteArrayView text, qsizetype from) {
+    while (from < text.size() && DigitValue(text[from]) <= 9) {
+        ++from;
     }
-    if (text.isEmpty() || (text.front() != '.' && DigitValue(text.front()) > 9)) {
+    return from;
+}
+
+qsizetype SkipSign(QByteArrayView text, qsizetype from) {
+    return from < text.size() && (text[from] == '+' || text[from] == '-') ? from + 1 : from;
+}
+
+// The sign, digits, fraction and exponent with which `text` begins, each as far as it is there.
+double DecimalNumber(QByteArrayView text) {
+    const qsizetype first = SkipSign(text, 0);
+    qsizetype end = SkipDigits(text, first);
+    qsizetype digits = end - first;
+    if (end < text.size() && text[end] == '.') {
+        const qsizetype fraction = end + 1;
+        end = SkipDigits(text, fraction);
+        digits += end - fraction;
+    }
+    if (digits == 0) {
         return 0;
     }
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.begin(), text.end(), value);
-    if (error == std::errc::result_out_of_range) {
-        // Infinite when too large, 0 when too small.
-        value = QLocale::c().toDouble(QString::fromLatin1(text.first(end - text.begin())));
+    if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
+        const qsizetype exponent = SkipSign(text, end + 1);
+        const qsizetype exponentEnd = SkipDigits(text, exponent);
+        end = exponentEnd > exponent ? exponentEnd : end;
     }
-    return negative ? -value : value;
+    // Infinite when too large, 0 when too small.
+    return QLocale::c().toDouble(QString::fromLatin1(text.first(end)));
 }
 
 } // namespace
