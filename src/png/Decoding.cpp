@@ -148,8 +148,10 @@ bool ConvertRows(const HeaderRec& header, RowConverter& converter, BitmapRec& im
                            converter.Convert(band.subspan(at + 1, rowBytes - 1), out);
                            std::memset(out + packed, 0, padding);
                        }
-                       const std::span<std::uint8_t> last = band.last(rowBytes);
-                       std::copy(last.begin(), last.end(), previous.begin());
+                       if (y < header.Height) {
+                           const std::span<std::uint8_t> last = band.last(rowBytes);
+                           std::copy(last.begin(), last.end(), previous.begin());
+                       }
                    });
 }
 
