@@ -6,7 +6,6 @@
 #include "platform/Layout.h"
 
 #include <QFont>
-#include <QFrame>
 #include <QLabel>
 #include <QPixmap>
 #include <QPushButton>
@@ -54,6 +53,7 @@ frmAbout::frmAbout(QWidget* owner)
     setFixedSize(Twips(ClientWidth), Twips(ClientHeight));
     auto* picIcon = new QLabel(this);
     picIcon->setObjectName(QStringLiteral("picIcon"));
+    picIcon->setAccessibleName(QStringLiteral("Icon of the editor"));
     picIcon->setPixmap(QPixmap(QStringLiteral(":/torvak-level-editor.png")));
     PlaceTwips(picIcon, IconPlace, IconPlace, IconSize, IconSize);
     MakeTexts();
@@ -89,7 +89,7 @@ void frmAbout::MakeTexts() {
 void frmAbout::MakeSeparator() {
     int top = LineTop;
     for (const QRgb colour : {LineGrey, LineWhite}) {
-        auto* line = new QFrame(this);
+        auto* line = new QWidget(this); // a frame would be read out as a window without a name
         line->setObjectName(QStringLiteral("Line1"));
         line->setAutoFillBackground(true);
         line->setPalette(QPalette(QColor(colour)));

@@ -9,6 +9,7 @@
 #include "view/PaintPoints.h"
 #include "view/ViewHost.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMdiArea>
 #include <QMouseEvent>
@@ -38,10 +39,14 @@ int ButtonMask(Qt::MouseButtons buttons) {
 class frmWaypoint::Canvas : public QWidget {
   public:
     explicit Canvas(frmWaypoint& form) : form_(form) {
+        QAccessible::installFactory(&Canvas::Accessible); // before it is asked for, by the name
         setAttribute(Qt::WA_OpaquePaintEvent);
         setFocusPolicy(Qt::StrongFocus);
         setMouseTracking(true);
         setAccessibleName(QStringLiteral("Level picture"));
+        setAccessibleDescription(
+            QStringLiteral("The level with the entities of the current mode. Plus and minus on the "
+                           "keypad zoom, DEL deletes what is selected."));
     }
 
     // Has `changed` painted again. With an odd scale the system's rounding lets gaps come up
@@ -92,6 +97,12 @@ class frmWaypoint::Canvas : public QWidget {
     }
 
   private:
+    // To assistive programs a widget without a role of its own is mere filling.
+    static QAccessibleInterface* Accessible(const QString&, QObject* object) {
+        auto* canvas = dynamic_cast<Canvas*>(object);
+        return canvas != nullptr ? new QAccessibleWidget(canvas, QAccessible::Canvas) : nullptr;
+    }
+
     static QRect Widened(const QRect& part) { return part.adjusted(-2, -2, 2, 2); }
 
     // Makes a buffer at least `size` large. It only grows.
