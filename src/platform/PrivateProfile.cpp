@@ -17,20 +17,6 @@ constexpr char ToLowerAscii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return ToLowerAscii(x) == ToLowerAscii(y); });
-}
-
-std::size_t HashIgnoringCase(std::string_view text) {
-    // FNV-1a, 64 bits.
-    std::uint64_t hash = 0xcbf29ce484222325U;
-    for (const char c : text) {
-        hash = (hash ^ static_cast<unsigned char>(ToLowerAscii(c))) * 0x100000001b3U;
-    }
-    return static_cast<std::size_t>(hash);
-}
-
 constexpr bool IsBlank(char c) {
     return c == ' ' || c == '\t';
 }
@@ -59,20 +45,14 @@ std::string_view ToView(QByteArrayView text) {
 
 } // namespace
 
-bool PrivateProfile::Name::operator==(const Name& other) const {
-    return section == other.section && EqualIgnoringCase(key, other.key);
+bool PrivateProfile::Before::operator()(std::string_view a, std::string_view b) const {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+        return ToLowerAscii(x) < ToLowerAscii(y);
+    });
 }
 
-std::size_t PrivateProfile::NameHash::operator()(const Name& name) const {
-    return HashIgnoringCase(name.key) * 31 + static_cast<std::size_t>(name.section);
-}
-
-std::size_t PrivateProfile::NameHash::operator()(std::string_view text) const {
-    return HashIgnoringCase(text);
-}
-
-bool PrivateProfile::SameName::operator()(std::string_view a, std::string_view b) const {
-    return EqualIgnoringCase(a, b);
+bool PrivateProfile::Before::operator()(const Name& a, const Name& b) const {
+    return a.section != b.section ? a.section < b.section : (*this)(a.key, b.key);
 }
 
 PrivateProfile::PrivateProfile(const QByteArray& text) : text_(text) {

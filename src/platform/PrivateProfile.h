@@ -8,8 +8,8 @@
 #include <QString>
 
 #include <cstdint>
+#include <map>
 #include <string_view>
-#include <unordered_map>
 
 namespace editor {
 
@@ -67,21 +67,18 @@ class PrivateProfile {
     struct Name {
         int section = 0; // running number among the different section names
         std::string_view key;
-        bool operator==(const Name& other) const;
     };
-    struct NameHash {
-        std::size_t operator()(const Name& name) const;
-        std::size_t operator()(std::string_view text) const;
-    };
-    struct SameName {
+    struct Before {
         bool operator()(std::string_view a, std::string_view b) const;
+        bool operator()(const Name& a, const Name& b) const;
     };
 
     static constexpr int NoSection = -1; // before the first section, or in a repeated one
 
     QByteArray text_;
-    std::unordered_map<std::string_view, int, NameHash, SameName> sections_;
-    std::unordered_map<Name, std::string_view, NameHash> values_;
+    // Ordered, not hashed: a file could be full of names that share one hash, and take hours.
+    std::map<std::string_view, int, Before> sections_;
+    std::map<Name, std::string_view, Before> values_;
     int current_ = NoSection;
 };
 
