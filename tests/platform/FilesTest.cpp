@@ -33,6 +33,9 @@ TEST(FindInFolder, PrefersTheExactNameAndIgnoresLetterCaseOtherwise) {
                   folder.Path(QString::fromUtf8(found)))
             << name;
     }
+    // Two folders for each "gfx": 2^28 ways, none of which leads to the file.
+    const QString roundabout = u"gfx/../"_s.repeated(28) + u"none.png"_s;
+    EXPECT_EQ(FindInFolder(folder.Path(), roundabout), folder.Path() + u'/' + roundabout);
     EXPECT_EQ(JoinPath(u"/"_s, u"a"_s), u"/a"_s);
     EXPECT_EQ(CleanFolderPath(folder.Path() + u"/gfx/../"_s), folder.Path());
     EXPECT_EQ(CleanFolderPath(u"//"_s), u"/"_s);
