@@ -216,7 +216,7 @@ class RunLengthReader {
 
 std::optional<Picture> LoadBitmapFile(const QString& path, int maximumSide) {
     QFile file(path);
-    if (!IsRegularFile(path) || !file.open(QIODevice::ReadOnly)) {
+    if (!HasContent(path) || !file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }
     const std::optional<BitmapHeader> header = ReadBitmapHeader(file, maximumSide);

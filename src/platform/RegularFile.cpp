@@ -49,10 +49,23 @@ void SyncFolder(const QString&) {}
 
 #endif
 
+// A disk that becomes full takes a part first, which is no error yet and gives no reason.
+bool WriteAll(QSaveFile& file, const QByteArray& bytes) {
+    qint64 written = 0;
+    for (qint64 done = 0; done < bytes.size() && written >= 0; done += written) {
+        written = file.write(bytes.constData() + done, bytes.size() - done);
+    }
+    return written >= 0;
+}
+
 } // namespace
 
 bool IsRegularFile(const QString& path) {
     return QFileInfo(path).isFile();
+}
+
+bool HasContent(const QString& path) {
+    return IsRegularFile(path) && QFileInfo(path).size() > 0;
 }
 
 QString ReadRegularFile(const QString& path, qint64 maximumSize, QByteArray& bytes) {
@@ -72,7 +85,7 @@ QString ReadRegularFile(const QString& path, qint64 maximumSize, QByteArray& byt
         return file.errorString();
     }
     // One byte more than allowed tells a file that is too large, also one that is still growing.
-    QByteArray read = file.read(maximumSize + 1);
+    QByteArray read = HasContent(path) ? file.read(maximumSize + 1) : QByteArray();
     if (file.error() != QFileDevice::NoError) {
         return file.errorString();
     }
@@ -90,17 +103,17 @@ QString ReplaceFile(const QString& path, const QByteArray& bytes) {
     const bool existed = QFileInfo::exists(path);
     const QFileDevice::Permissions permissions = QFile::permissions(path) & EveryonesPermissions;
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
+    // QSaveFile::commit() does not check the last buffer that it writes: on a full disk it would
+    // put an empty file in place and report success. Without buffer, and synced before, nothing is
+    // left for it but the rename.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return file.errorString();
     }
     if (existed && (file.permissions() & EveryonesPermissions) != permissions) {
         file.cancelWriting();
         return QStringLiteral("its permissions cannot be kept");
     }
-    // QSaveFile::commit() does not check the last buffer that it writes: on a full disk it would
-    // put an empty file in place and report success. Flushed and synced before, nothing is left
-    // for it but the rename.
-    if (file.write(bytes) != bytes.size() || !file.flush()) {
+    if (!WriteAll(file, bytes)) {
         const QString reason = file.errorString();
         file.cancelWriting();
         return reason;

@@ -77,7 +77,7 @@ std::uint32_t BigEndian(QByteArrayView bytes) {
 void RefuseOversizedPng(const QString& path) {
     constexpr qint64 SizeOffset = 16;
     QFile file(path);
-    if (!IsRegularFile(path) || !file.open(QIODevice::ReadOnly)) {
+    if (!HasContent(path) || !file.open(QIODevice::ReadOnly)) {
         return; // the decoder will say so
     }
     const QByteArray start = file.read(SizeOffset + 8);

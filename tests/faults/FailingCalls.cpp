@@ -19,6 +19,7 @@ bool armed = false;
 int calls = 0;
 Fault planned;
 std::string failed;
+bool diskFull = false; // it took half of a write, and takes no more
 
 /// True when the call that asks must fail; errno is set then.
 bool Fails(const char* name) {
@@ -44,17 +45,21 @@ void Arm(const Fault& fault) {
     planned = fault;
     calls = 0;
     failed.clear();
+    diskFull = false;
     armed = true;
 }
 
 std::string Disarm() {
     armed = false;
+    diskFull = false;
     return failed;
 }
 
 } // namespace editor::test
 
+using editor::test::diskFull;
 using editor::test::Fails;
+using editor::test::planned;
 using editor::test::Real;
 
 // NOLINTBEGIN(bugprone-reserved-identifier): the C library's names are the point.
@@ -80,7 +85,12 @@ INJECT(unlink, (const char* path), (path))
 
 ssize_t write(int fd, const void* bytes, std::size_t count) {
     static const auto real = Real<ssize_t (*)(int, const void*, std::size_t)>("write");
-    return Fails("write") ? -1 : real(fd, bytes, count);
+    if (Fails("write")) {
+        diskFull = planned.error == ENOSPC;
+        return diskFull ? real(fd, bytes, count / 2) : -1;
+    }
+    errno = diskFull ? ENOSPC : errno;
+    return diskFull ? -1 : real(fd, bytes, count);
 }
 
 #define INJECT_OPEN(name)                                                                          \

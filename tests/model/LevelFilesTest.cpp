@@ -12,6 +12,8 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace editor {
 namespace {
@@ -286,6 +288,25 @@ TEST_F(LevelFiles, ASaveThatCannotBeDoneSaysWhyAndTouchesNothing) {
         << message.toStdString();
     EXPECT_NE(folder.Read(LevelCfg), old);
     EXPECT_EQ(folder.Names().size(), 2);
+}
+
+TEST_F(LevelFiles, ASaveIntoAReadOnlyFolderSaysSoAndTouchesNothing) {
+    folder.Write(LevelCfg, "old");
+    ASSERT_EQ(::chmod(QFile::encodeName(folder.Path(LevelCfg)).constData(), 0666), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(folder.Path()).constData(), 0555), 0);
+    constexpr uid_t Nobody = 65534;
+    const uid_t user = ::getuid();
+    if (user == 0 && ::setresuid(Nobody, Nobody, 0) != 0) { // root may write anywhere
+        GTEST_SKIP() << "the user cannot be changed";
+    }
+    const QString message = Save();
+    ASSERT_EQ(::setresuid(user, user, user), 0);
+    EXPECT_TRUE(message.contains(u"level.cfg could not be saved: Permission denied."_s))
+        << message.toStdString();
+    EXPECT_EQ(folder.Read(LevelCfg), "old");
+    EXPECT_EQ(folder.Names(), QStringList(LevelCfg));
+    ASSERT_EQ(::chmod(QFile::encodeName(folder.Path()).constData(), 0755), 0);
+    EXPECT_EQ(Save(), QString());
 }
 
 TEST(FieldValue, IsTheNumberThatATextBeginsWith) {
