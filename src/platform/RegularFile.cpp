@@ -51,11 +51,11 @@ void SyncFolder(const QString&) {}
 
 // A disk that becomes full takes a part first, which is no error yet and gives no reason.
 bool WriteAll(QSaveFile& file, const QByteArray& bytes) {
-    qint64 written = 0;
-    for (qint64 done = 0; done < bytes.size() && written >= 0; done += written) {
+    qint64 written = 1;
+    for (qint64 done = 0; done < bytes.size() && written > 0; done += written) {
         written = file.write(bytes.constData() + done, bytes.size() - done);
     }
-    return written >= 0;
+    return written > 0;
 }
 
 } // namespace
