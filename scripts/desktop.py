@@ -13,7 +13,7 @@ import subprocess
 import tempfile
 import time
 
-WAIT = 20.0  # seconds until something that must happen counts as failed
+WAIT = 60.0  # seconds until something that must happen counts as failed
 BETWEEN_PRESSES = 0.45  # seconds; two faster presses at one place are a double click
 
 
