@@ -92,7 +92,7 @@ class Monkey : public test::EditorFixture {
         const LevelModel saved = mdlEdit;
         ASSERT_EQ(SaveLevel(), std::nullopt);
         ASSERT_EQ(LoadLevel([this] { ShowLevel(LevelSide, LevelSide); }), std::nullopt);
-        EXPECT_TRUE(test::SameLevel(mdlEdit, saved));
+        EXPECT_EQ(test::Text(mdlEdit), test::Text(saved));
     }
 
     void ExpectSoundTables() {

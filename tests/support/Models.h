@@ -3,10 +3,11 @@
 
 #pragma once
 
+#include "model/LevelWriter.h"
 #include "model/mdlEdit.h"
 
+#include <algorithm>
 #include <random>
-#include <tuple>
 
 namespace editor::test {
 
@@ -17,6 +18,8 @@ inline LevelModel RandomLevel(std::mt19937& random) {
         return std::uniform_int_distribution<int>(low, high)(random);
     };
     const auto any16 = [&] { return static_cast<std::int16_t>(number(-32768, 32767)); };
+    // Where -1 stands for nothing.
+    const auto even16 = [&] { return static_cast<std::int16_t>(2 * number(-16384, 16383)); };
     const auto text = [&](int longest) {
         static const QString Characters =
             QStringLiteral("abcXYZ019 ._-\\/[]=;#'\"&%\u00e4\u00df\u20ac\u2026\u0081\u00ff");
@@ -36,53 +39,29 @@ inline LevelModel RandomLevel(std::mt19937& random) {
     level.JumperForce = number(INT32_MIN, INT32_MAX);
     level.KickerForce = number(INT32_MIN, INT32_MAX);
     level.NumStartPoints = static_cast<std::int16_t>(number(0, MaxStartPoints));
-    for (int n = 0; n < level.NumStartPoints; ++n) {
-        level.StartPoints[static_cast<std::size_t>(n)] = {any16(), any16()};
-    }
     level.NumItems = static_cast<std::int16_t>(number(0, MaxItems));
-    for (int n = 0; n < level.NumItems; ++n) {
-        ItemRec& item = level.Items[static_cast<std::size_t>(n)];
-        item = {any16(), any16(), any16(), any16(), text(30), any16(), any16(), any16(), any16()};
-        if (item.Amount == StandardItem::UnwrittenAmount) {
-            item.Amount = 0;
-        }
-    }
     level.NumWayPoints = number(0, MaxWayPoints);
-    for (int n = 0; n < level.NumWayPoints; ++n) {
-        WaypointRec& waypoint = level.WayPoints[static_cast<std::size_t>(n)];
-        waypoint = {any16(), any16(), any16(),
-                    {},      {},      static_cast<std::int16_t>(number(-1, MaxLinks - 1))};
-        for (int j = 0; j <= waypoint.NumLinks; ++j) {
-            const auto slot = static_cast<std::size_t>(j);
-            const std::int16_t target = any16();
-            waypoint.LinkDest[slot] = target == -1 ? std::int16_t{0} : target;
-            waypoint.LinkFlags[slot] = any16();
-        }
+    for (StartPointRec& point : level.StartPoints) {
+        point = {any16(), any16()};
+    }
+    for (ItemRec& item : level.Items) {
+        item = {any16(), any16(), any16(), even16(), text(30), any16(), any16(), any16(), any16()};
+    }
+    for (WaypointRec& waypoint : level.WayPoints) {
+        waypoint = {any16(), any16(), any16()};
+        std::generate(waypoint.LinkDest.begin(), waypoint.LinkDest.end(), even16);
+        std::generate(waypoint.LinkFlags.begin(), waypoint.LinkFlags.end(), any16);
+        waypoint.NumLinks = static_cast<std::int16_t>(number(-1, MaxLinks - 1));
     }
     return level;
 }
 
-/// True when both hold the same level: settings, counts and every record in use.
-inline bool SameLevel(const LevelModel& a, const LevelModel& b) {
-    const auto sameWaypoint = [](const WaypointRec& x, const WaypointRec& y) {
-        bool same = x.X == y.X && x.Y == y.Y && x.Flags == y.Flags && x.NumLinks == y.NumLinks;
-        for (int j = 0; same && j <= x.NumLinks; ++j) {
-            const auto slot = static_cast<std::size_t>(j);
-            same = x.LinkDest[slot] == y.LinkDest[slot] && x.LinkFlags[slot] == y.LinkFlags[slot];
-        }
-        return same;
-    };
-    const auto settings = [](const LevelModel& level) {
-        return std::tie(level.LevelFile, level.MaterialFile, level.BackFile, level.ParallaxFile,
-                        level.ParallaxScroll, level.JumperForce, level.KickerForce,
-                        level.NumStartPoints, level.NumItems, level.NumWayPoints);
-    };
-    return settings(a) == settings(b) &&
-           std::equal(a.StartPoints.begin(), a.StartPoints.begin() + a.StartPointCount(),
-                      b.StartPoints.begin()) &&
-           std::equal(a.Items.begin(), a.Items.begin() + a.ItemCount(), b.Items.begin()) &&
-           std::equal(a.WayPoints.begin(), a.WayPoints.begin() + a.WayPointCount(),
-                      b.WayPoints.begin(), sameWaypoint);
+/// What a Save writes of the level: the same for two levels of the same settings, counts and
+/// records in use.
+inline QByteArray Text(const LevelModel& model) {
+    QByteArray text;
+    static_cast<void>(WriteLevelCfg(model, text));
+    return text + WriteWaypointCfg(model);
 }
 
 } // namespace editor::test
