@@ -1,12 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
-#include "model/mdlEdit.h"
-#include "support/Captions.h"
 #include "support/EditorFixture.h"
-
-#include <QTest>
-#include <QtWidgets>
 
 namespace editor {
 namespace {
@@ -17,13 +12,13 @@ constexpr QPointF Far(300, 200); // from every entity of these tests
 
 class Editing : public test::EditorFixture {
   protected:
-    Editing() { ShowLevel(400, 300); }
+    Editing() {
+        const test::LevelFolder folder;
+        MakeLevel(folder, 400, 300);
+        Open(folder);
+    }
 
     void SetMode(const char* option) { Setting<QRadioButton>(option).click(); }
-
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(view().widget(), key, modifiers);
-    }
 
     void SetWaypoints(const QList<WaypointRec>& waypoints) {
         std::copy(waypoints.begin(), waypoints.end(), mdlEdit.WayPoints.begin());
@@ -43,31 +38,23 @@ class Editing : public test::EditorFixture {
         QString texts = Setting<QComboBox>("cmbType").currentText();
         for (const char* name :
              {"txtName", "txtAmount", "txtRespawn", "txtBounce", "txtDist", "txtGravity"}) {
-            texts += u'|' + Setting<QLineEdit>(name).text();
+            texts += u'|' + Setting(name).text();
         }
         return texts.toStdString();
     }
 };
 
 TEST_F(Editing, AWaypointPressShowsEachHitAndTheBoxRewritesTheFlagsWhenItChanges) {
-    using Flags = std::vector<std::int16_t>;
-    const auto press = [this](bool box, Flags flags) {
-        QList<WaypointRec> waypoints;
-        for (const std::int16_t of : flags) {
-            waypoints += {0, 0, of, {}, {}, -1};
-        }
-        SetWaypoints(waypoints);
-        Setting<QAbstractButton>("chkReload").setChecked(box);
-        Press(Qt::LeftButton, {1, 1});
-        for (std::size_t i = 0; i < flags.size(); ++i) {
-            flags[i] = mdlEdit.WayPoints.at(i).Flags;
-        }
-        return flags;
-    };
+    QList<WaypointRec> waypoints(4, {0, 0, 3, {}, {}, -1});
+    waypoints[1].Flags = 2;
+    waypoints[2].Flags = 4;
+    SetWaypoints(waypoints);
+    Press(Qt::LeftButton, {1, 1});
+    const int flags[] = {1, 0, 4, 1};
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(mdlEdit.WayPoints[i].Flags, flags[i]) << i;
+    }
     const auto caption = [this] { return Setting<QGroupBox>("fraWaypoint").title().toStdString(); };
-    EXPECT_EQ(press(false, {3}), Flags{1});
-    EXPECT_EQ(press(true, {3}), Flags{3});
-    EXPECT_EQ(press(false, {3, 2, 4, 7}), (Flags{1, 0, 4, 1}));
     EXPECT_EQ(caption(), "Waypoint 3");
     Press(Qt::LeftButton, Far);
     EXPECT_EQ(caption(), "Waypoint");
@@ -111,8 +98,8 @@ TEST_F(Editing, TheRubberBandStaysUntilARepaintAlsoWhenALinkIsRefused) {
     Release(Qt::RightButton, {20, 20}); // on waypoint 0
     Release(Qt::RightButton, Far);
     EXPECT_EQ(Drawn(), with);
-    EXPECT_EQ(messages.join(u'|').toStdString(), "Maximum number of links reached|"
-                                                 "Maximum number of waypoints reached (201)");
+    EXPECT_EQ(messages, QStringList({u"Maximum number of links reached"_s,
+                                     u"Maximum number of waypoints reached (201)"_s}));
     Release(Qt::MiddleButton, Far);
     EXPECT_EQ(Drawn(), without);
     SetMode("optStart");
@@ -157,34 +144,24 @@ TEST_F(Editing, ATypeWithoutAnEntryStaysUntilOneIsChosen) {
 
 TEST_F(Editing, EveryKeystrokeWritesTheFieldOfTheSelectedItem) {
     SetItems({{10, 0, 0, 5, {}, 0, 0, 0, 0}});
-    auto& txtName = Setting<QLineEdit>("txtName");
-    auto& txtAmount = Setting<QLineEdit>("txtAmount");
-    const auto type = [&txtAmount](const QString& text) {
-        txtAmount.clear();
-        QTest::keyClicks(&txtAmount, text);
-        EXPECT_EQ(txtAmount.text(), text);
-        return mdlEdit.Items[0].Amount;
+    const auto type = [this](const char* name, const QString& text) {
+        Setting(name).clear();
+        QTest::keyClicks(&Setting(name), text);
+        EXPECT_EQ(Setting(name).text(), text);
     };
-    EXPECT_EQ(type(u"9"_s), 5) << "nothing is selected";
+    type("txtAmount", u"9"_s);
+    EXPECT_EQ(mdlEdit.Items[0].Amount, 5) << "nothing is selected";
     Press(Qt::LeftButton, {10, 0});
-    for (const auto& [text, value] : {std::pair{u"75"_s, 75},
-                                      {u"12abc"_s, 12},
-                                      {u""_s, 0},
-                                      {u"2.5"_s, 2},
-                                      {u"-3.5"_s, -4},
-                                      {u"-1e999"_s, -32768},
-                                      {u"&HFFFF"_s, 32767}}) {
-        EXPECT_EQ(type(text), value) << text.toStdString();
-    }
-    for (const char* name : {"txtRespawn", "txtBounce", "txtGravity", "txtDist"}) {
-        Setting<QLineEdit>(name).setText(QString::number(qstrlen(name)));
-    }
+    type("txtAmount", u"-3.5x"_s);
+    type("txtRespawn", u"&HFFFF"_s);
+    type("txtBounce", u"9"_s);
+    type("txtGravity", u"8"_s);
+    type("txtDist", u"7"_s);
     QApplication::clipboard()->setText(u"two\nlines"_s);
-    txtName.clear();
-    txtName.paste();
-    QTest::keyClick(&txtName, Qt::Key_Delete);
+    Setting("txtName").paste();
+    QTest::keyClick(&Setting("txtName"), Qt::Key_Delete);
     EXPECT_EQ(mdlEdit.NumItems, 1);
-    EXPECT_EQ(mdlEdit.Items[0], (ItemRec{10, 0, 0, 32767, u"two lines"_s, 10, 9, 10, 7}));
+    EXPECT_EQ(mdlEdit.Items[0], (ItemRec{10, 0, 0, -4, u"two lines"_s, 32767, 9, 8, 7}));
 }
 
 TEST_F(Editing, AModeShowsItsPanelAloneAndSelectsNothing) {
@@ -209,7 +186,7 @@ TEST_F(Editing, AModeShowsItsPanelAloneAndSelectsNothing) {
     // With a start point selected the controls of the other panels change nothing.
     Setting<QAbstractButton>("chkReload").toggle();
     Setting<QComboBox>("cmbType").setCurrentIndex(3);
-    Setting<QLineEdit>("txtName").setText(u"other"_s);
+    Setting("txtName").setText(u"other"_s);
     EXPECT_EQ(mdlEdit.WayPoints[0].Flags, 0);
     EXPECT_EQ(mdlEdit.Items[0], (ItemRec{0, 0, 2, 0, {}, 0, 0, 0, 0}));
 }
@@ -224,7 +201,7 @@ TEST_F(Editing, OnlyTheKeypadZoomsAndTheSelectionStays) {
         Key(++presses <= 4 ? Qt::Key_Plus : Qt::Key_Minus, Qt::KeypadModifier);
         EXPECT_EQ(mdlEdit.Zoom, zoom);
         EXPECT_EQ(view().ClientSize(), QSize(400, 300) * zoom);
-        EXPECT_EQ(Drawn().pixelColor(view().ClientSize().width() - 1, 9), QColor(Qt::darkGreen));
+        EXPECT_EQ(Drawn().pixelColor(view().ClientSize().width() - 1, 9), QColor(Ground));
     }
     Key(Qt::Key_Delete);
     EXPECT_EQ(mdlEdit.NumStartPoints, 0);
@@ -242,41 +219,6 @@ TEST_F(Editing, ASettingsWindowMadeAnewCountsAsAChangeOfTheMode) {
     EXPECT_TRUE(Setting<QRadioButton>("optStart").isChecked());
     EXPECT_EQ(ItemFields(), "MEDIKIT||||||");
     EXPECT_EQ(mdlEdit.Items[0].Type, 4);
-}
-
-TEST_F(Editing, TabGoesInReadingOrderAndEnterEscAndAPassingWheelDoNothing) {
-    area.setActiveSubWindow(&settings());
-    QObject::connect(&Setting<QLineEdit>("txtName"), &QLineEdit::returnPressed, &area,
-                     [] { ADD_FAILURE() << "Enter reached a text box"; });
-    const auto tabbed = [this](const char* first) {
-        SetMode(first);
-        Setting<QWidget>(first).setFocus();
-        QString names;
-        do {
-            QWidget* control = QApplication::focusWidget();
-            names += control->objectName() + u' ';
-            EXPECT_FALSE(control->accessibleName().isEmpty());
-            for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Tab}) {
-                QTest::keyClick(control, key);
-            }
-        } while (names.size() < 200 && QApplication::focusWidget() != &Setting<QWidget>(first));
-        return names.toStdString();
-    };
-    EXPECT_EQ(tabbed("optWaypoints"), "optWaypoints chkReload chkJump chkRope ");
-    EXPECT_EQ(tabbed("optItems"),
-              "optItems txtName cmbType txtAmount txtRespawn txtBounce txtDist txtGravity ");
-    auto& cmbType = Setting<QComboBox>("cmbType");
-    for (const int index : {0, 1}) {
-        QWheelEvent down({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&cmbType, &down);
-        EXPECT_EQ(cmbType.currentIndex(), index);
-        cmbType.setFocus();
-    }
-}
-
-TEST_F(Editing, NoCaptionIsClippedAndAllLiesInsideTheWindow) {
-    EXPECT_EQ(settings().widget()->size(), QSize(238, 293));
-    test::ExpectNoCaptionIsClipped(*settings().widget(), 25);
 }
 
 } // namespace

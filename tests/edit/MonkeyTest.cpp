@@ -4,14 +4,9 @@
 // Plays random gestures, keys and changes of fields and windows on a level and looks at what must
 // always hold. The seed is printed; EDITOR_MONKEY_SEED plays it again.
 
-#include "model/LevelFiles.h"
 #include "support/EditorFixture.h"
-#include "support/LevelFolder.h"
 #include "support/Models.h"
 #include "view/ViewHost.h"
-
-#include <QTest>
-#include <QtWidgets>
 
 #include <iostream>
 #include <random>
@@ -26,7 +21,10 @@ constexpr int Margin = 10;    // for positions outside the level
 
 class Monkey : public test::EditorFixture {
   protected:
-    Monkey() { ShowLevel(LevelSide, LevelSide); }
+    Monkey() {
+        MakeLevel(folder, LevelSide, LevelSide);
+        Open(folder);
+    }
 
     int Number(int low, int high) { // libraries differ in their distributions
         return low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1));
@@ -55,21 +53,21 @@ class Monkey : public test::EditorFixture {
     void UseKeys() {
         for (int i = Number(0, 10); i > 0; --i) {
             Press(Qt::LeftButton, Position());
-            QTest::keyClick(view().widget(), Qt::Key_Delete);
+            Key(Qt::Key_Delete);
         }
-        QTest::keyClick(view().widget(), OneOf({Qt::Key_Plus, Qt::Key_Minus}), Qt::KeypadModifier);
+        Key(OneOf({Qt::Key_Plus, Qt::Key_Minus}), Qt::KeypadModifier);
     }
 
     // No text is left with an outer blank, which reading drops, and no Amount with the number that
     // is not written.
     void ChangeSettings() {
-        auto& field = Setting<QLineEdit>(
+        auto& field = Setting(
             OneOf({"txtName", "txtAmount", "txtRespawn", "txtBounce", "txtDist", "txtGravity"}));
         field.setText(OneOf<QString>({QString(), QString::number(Number(-40000, 40000)),
                                       QStringLiteral("1e999"), QStringLiteral("-2.5 \u00e4;#")}));
         QTest::keyClick(&field, OneOf({Qt::Key_7, Qt::Key_Backspace, Qt::Key_Delete}));
-        if (Setting<QLineEdit>("txtAmount").text() == QStringLiteral("-1")) {
-            Setting<QLineEdit>("txtAmount").setText({});
+        if (Setting("txtAmount").text() == QStringLiteral("-1")) {
+            Setting("txtAmount").setText({});
         }
         Setting<QComboBox>("cmbType").setCurrentIndex(Number(-1, 4));
         Setting<QCheckBox>(OneOf({"chkReload", "chkJump", "chkRope"})).click();
@@ -78,21 +76,17 @@ class Monkey : public test::EditorFixture {
 
     void CloseWindows() {
         OneOf<QWidget*>({&settings(), &view()})->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        if (!view().isVisible()) {
-            view().show();
-            view().Init();
-        }
+        DeleteClosed();
+        main->mnuLevWay->isChecked() ? void() : main->mnuLevWay->trigger();
     }
 
-    // Into a folder of its own, where no file of an earlier Save is left.
     void SaveAndOpen() {
-        const test::LevelFolder folder;
-        mdlEdit.LevelPath = folder.Path();
-        const LevelModel saved = mdlEdit;
-        ASSERT_EQ(SaveLevel(), std::nullopt);
-        ASSERT_EQ(LoadLevel([this] { ShowLevel(LevelSide, LevelSide); }), std::nullopt);
-        EXPECT_EQ(test::Text(mdlEdit), test::Text(saved));
+        QFile::remove(folder.Path(QStringLiteral("waypoint.cfg"))); // none is written for no points
+        const QByteArray saved = test::Text(mdlEdit);
+        Type(QStringLiteral("Ctrl+S"));
+        mdlEdit = {};
+        Type(QStringLiteral("Ctrl+O"));
+        EXPECT_EQ(test::Text(mdlEdit), saved);
     }
 
     void ExpectSoundTables() {
@@ -117,6 +111,7 @@ class Monkey : public test::EditorFixture {
         }
     }
 
+    test::LevelFolder folder;
     std::mt19937 random;
 };
 

@@ -3,49 +3,114 @@
 
 #pragma once
 
-#include "edit/frmWaypointSettings.h"
-#include "platform/OnceForm.h"
-#include "view/frmWaypoint.h"
+#include "app/frmMain.h"
+#include "model/mdlEdit.h"
+#include "platform/Dialogs.h"
+#include "platform/Look.h"
+#include "support/LevelFolder.h"
 
-#include <QMdiArea>
-#include <QMouseEvent>
-#include <QStringList>
+#include <QTest>
+#include <QtWidgets>
 
 #include <gtest/gtest.h>
 
 namespace editor::test {
 
-/// Starts every test from a fresh editor: an empty model, and windows in an area that are wired as
-/// the application wires them. Messages are collected and closed at once.
+using namespace Qt::StringLiterals;
+
+/// Starts every test from a fresh editor: an empty model and the main window. What the choosers ask
+/// is recorded and answered by the test; messages are recorded and closed at once.
 class EditorFixture : public testing::Test {
   protected:
-    EditorFixture();
+    EditorFixture() {
+        ApplyLook(*qApp);
+        const auto ask = [this](const QString& question) {
+            asked += question;
+            return answer;
+        };
+        dialogs() = {[this](auto, const QString& text, const QString& title) {
+                         EXPECT_EQ(title, u"Torvak! level editor"_s);
+                         messages += text;
+                     },
+                     [ask](auto, const QString& prompt) { return ask(prompt); },
+                     [ask](auto, auto, const QString& folder, auto) { return ask(folder); }};
+        Start();
+    }
 
-    /// Shows the windows with a level picture of this size, as a level that was opened does.
-    void ShowLevel(int width, int height);
+    void Start() {
+        main.reset();
+        mdlEdit = {};
+        main = std::make_unique<frmMain>();
+        main->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(main.get())) << "no window has the keyboard";
+    }
+
+    static void DeleteClosed() {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+
+    /// A level without entities but for those of `more`, its graphics plain and of this size.
+    static void MakeLevel(const LevelFolder& folder, int width, int height,
+                          const QByteArray& more = {}) {
+        QImage picture(width, height, QImage::Format_RGB32);
+        picture.fill(Ground);
+        for (const QString& name : {u"l.png"_s, u"b.png"_s, u"m.png"_s}) {
+            picture.save(folder.Path(name));
+        }
+        folder.Write(u"level.cfg"_s, "[Map]\nLevel=l.png\nBack=b.png\nMaterial=m.png\n" + more);
+    }
+
+    /// Types a shortcut of the main window's menus.
+    void Type(const QString& shortcut) { QTest::keySequence(main.get(), QKeySequence(shortcut)); }
+    void Open(const LevelFolder& folder) {
+        answer = folder.Path();
+        Type(u"Ctrl+O"_s);
+    }
+
+    frmWaypoint& view() { return main->mapView(); }
+    frmWaypointSettings& settings() { return main->entitySettings(); }
+
+    /// A control of a window.
+    template <class Control = QLineEdit>
+    static Control& In(const QWidget& window, const QString& name) {
+        return *window.findChild<Control*>(name);
+    }
+    template <class Control = QLineEdit>
+    Control& Setting(const char* name) {
+        return In<Control>(settings(), QString::fromLatin1(name));
+    }
 
     /// A mouse event of the view's client area, at view pixels. `buttons` are all that the view is
     /// told of: the one that changed, or for a move those that are held.
-    void Mouse(QEvent::Type type, Qt::MouseButtons buttons, QPointF at);
+    void Mouse(QEvent::Type type, Qt::MouseButtons buttons, QPointF at) {
+        const auto button =
+            type == QEvent::MouseMove ? Qt::NoButton : Qt::MouseButton(buttons.toInt());
+        QMouseEvent event(type, at, at, button, buttons, Qt::NoModifier);
+        QApplication::sendEvent(view().widget(), &event);
+    }
     void Press(Qt::MouseButton button, QPointF at) { Mouse(QEvent::MouseButtonPress, button, at); }
     void Move(Qt::MouseButtons held, QPointF at) { Mouse(QEvent::MouseMove, held, at); }
     void Release(Qt::MouseButton button, QPointF at) {
         Mouse(QEvent::MouseButtonRelease, button, at);
     }
-
-    /// A control of the entity settings.
-    template <class Control>
-    Control& Setting(const char* name) {
-        return *settings().findChild<Control*>(QString::fromLatin1(name));
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(view().widget(), key, modifiers);
     }
 
     /// Everything that is drawn on the view.
-    [[nodiscard]] QImage Drawn();
+    QImage Drawn() {
+        QImage image(view().ClientSize(), QImage::Format_RGB32);
+        view().Image().Paint(reinterpret_cast<std::uint32_t*>(image.bits()), image.width(),
+                             image.rect());
+        return image;
+    }
 
-    QMdiArea area;
-    OnceForm<frmWaypoint> view;
-    OnceForm<frmWaypointSettings> settings;
-    QStringList messages;
+    static constexpr QRgb Ground = 0xff336699; // of the pictures of MakeLevel()
+
+    std::unique_ptr<frmMain> main;
+    QString answer;
+    QStringList asked, messages;
 };
 
 } // namespace editor::test
