@@ -19,16 +19,13 @@ TEST(FindInFolder, PrefersTheExactNameAndIgnoresLetterCaseOtherwise) {
                              "Gfx/A/y.png", "both.png", "BOTH.png", "with blank \xC3\xA4.png"}) {
         folder.Write(QString::fromUtf8(name), "x");
     }
-    for (const auto& [name, found] : {std::pair{"Level.PNG", "Level.PNG"},
-                                      {"level.png", "Level.PNG"},
-                                      {"gfx\\back.png", "gfx/back.png"},
-                                      {"gfx/MAT.png", "GFX/mat.png"},
-                                      {"gfx\\a\\Y.PNG", "Gfx/A/y.png"},
-                                      {"both.png", "both.png"},
-                                      {"Both.PNG", "BOTH.png"},
-                                      {"WITH BLANK \xC3\xA4.png", "with blank \xC3\xA4.png"},
-                                      {"missing\\one.png", "missing/one.png"},
-                                      {"\\Level.PNG", "Level.PNG"}}) {
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [name, found] :
+         {Row{"Level.PNG", "Level.PNG"}, Row{"level.png", "Level.PNG"},
+          Row{"gfx\\back.png", "gfx/back.png"}, Row{"gfx/MAT.png", "GFX/mat.png"},
+          Row{"gfx\\a\\Y.PNG", "Gfx/A/y.png"}, Row{"both.png", "both.png"},
+          Row{"Both.PNG", "BOTH.png"}, Row{"WITH BLANK \xC3\xA4.png", "with blank \xC3\xA4.png"},
+          Row{"missing\\one.png", "missing/one.png"}, Row{"\\Level.PNG", "Level.PNG"}}) {
         EXPECT_EQ(FindInFolder(folder.Path(), QString::fromUtf8(name)),
                   folder.Path(QString::fromUtf8(found)))
             << name;

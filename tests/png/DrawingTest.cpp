@@ -12,19 +12,6 @@ namespace {
 
 using DrawingTest = PngFixture;
 
-TEST_F(DrawingTest, BlendingDividesBy256AndKeepsTheEndsExact) {
-    using Row = std::tuple<std::uint32_t, Bytes, std::uint32_t>; // background, pixel, result
-    for (const auto& [background, pixel, result] :
-         {Row{0xff000000, {255, 255, 255, 128}, 0xff808080},
-          Row{0xff123456, {9, 9, 9, 0}, 0xff123456}, Row{0xff123456, {30, 20, 10, 255}, 0xff0a141e},
-          Row{0xffffffff, {255, 255, 255, 1}, 0xffffffff},
-          Row{0xff000000, {0, 1, 255, 254}, 0xfffe0100}}) {
-        std::uint32_t out = background;
-        BlendRow(&out, &out, pixel.data(), 1);
-        EXPECT_EQ(out, result);
-    }
-}
-
 TEST_F(DrawingTest, BlendingManyPixelsAtOnceIsBlendingEachAlone) {
     const HeaderRec header = Header(23, 256, 8, 6);
     Bytes pixels = NoiseRows(header, 1);
