@@ -5,11 +5,9 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstdarg>
 #include <cstddef>
 #include <dlfcn.h>
-#include <fcntl.h>
-#include <sys/stat.h>
+#include <sys/types.h>
 #include <unistd.h>
 
 namespace editor::test {
@@ -34,11 +32,6 @@ bool Fails(const char* name) {
     return true;
 }
 
-template <class Function>
-Function Real(const char* name) {
-    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
-}
-
 } // namespace
 
 void Arm(const Fault& fault) {
@@ -60,31 +53,34 @@ std::string Disarm() {
 using editor::test::diskFull;
 using editor::test::Fails;
 using editor::test::planned;
-using editor::test::Real;
 
 // NOLINTBEGIN(bugprone-reserved-identifier): the C library's names are the point.
 extern "C" {
 
-#define INJECT(name, parameters, arguments)                                                        \
-    int name parameters {                                                                          \
-        static const auto real = Real<int(*) parameters>(#name);                                   \
+#define INJECT(type, name, parameters, arguments)                                                  \
+    type name parameters {                                                                         \
+        static const auto real = reinterpret_cast<type(*) parameters>(::dlsym(RTLD_NEXT, #name));  \
         return Fails(#name) ? -1 : real arguments;                                                 \
     }
 
-INJECT(fsync, (int fd), (fd))
-INJECT(fdatasync, (int fd), (fd))
-INJECT(close, (int fd), (fd))
-INJECT(fchmod, (int fd, mode_t mode), (fd, mode))
-INJECT(ftruncate64, (int fd, off64_t size), (fd, size))
-INJECT(rename, (const char* from, const char* to), (from, to))
-INJECT(renameat2, (int a, const char* from, int b, const char* to, unsigned flags),
+INJECT(int, open, (const char* path, int flags, mode_t mode), (path, flags, mode))
+INJECT(int, open64, (const char* path, int flags, mode_t mode), (path, flags, mode))
+INJECT(int, fsync, (int fd), (fd))
+INJECT(int, fdatasync, (int fd), (fd))
+INJECT(int, close, (int fd), (fd))
+INJECT(int, fchmod, (int fd, mode_t mode), (fd, mode))
+INJECT(int, ftruncate64, (int fd, off_t size), (fd, size))
+INJECT(int, rename, (const char* from, const char* to), (from, to))
+INJECT(int, renameat2, (int a, const char* from, int b, const char* to, unsigned flags),
        (a, from, b, to, flags))
-INJECT(link, (const char* from, const char* to), (from, to))
-INJECT(linkat, (int a, const char* from, int b, const char* to, int flags), (a, from, b, to, flags))
-INJECT(unlink, (const char* path), (path))
+INJECT(int, link, (const char* from, const char* to), (from, to))
+INJECT(int, linkat, (int a, const char* from, int b, const char* to, int flags),
+       (a, from, b, to, flags))
+INJECT(int, unlink, (const char* path), (path))
 
 ssize_t write(int fd, const void* bytes, std::size_t count) {
-    static const auto real = Real<ssize_t (*)(int, const void*, std::size_t)>("write");
+    static const auto real =
+        reinterpret_cast<ssize_t (*)(int, const void*, std::size_t)>(::dlsym(RTLD_NEXT, "write"));
     if (Fails("write")) {
         diskFull = planned.error == ENOSPC;
         return diskFull ? real(fd, bytes, count / 2) : -1;
@@ -92,18 +88,5 @@ ssize_t write(int fd, const void* bytes, std::size_t count) {
     errno = diskFull ? ENOSPC : errno;
     return diskFull ? -1 : real(fd, bytes, count);
 }
-
-#define INJECT_OPEN(name)                                                                          \
-    int name(const char* path, int flags, ...) {                                                   \
-        static const auto real = Real<int (*)(const char*, int, ...)>(#name);                      \
-        va_list more;                                                                              \
-        va_start(more, flags);                                                                     \
-        const mode_t mode = va_arg(more, mode_t);                                                  \
-        va_end(more);                                                                              \
-        return Fails("open") ? -1 : real(path, flags, mode);                                       \
-    }
-
-INJECT_OPEN(open)
-INJECT_OPEN(open64)
 }
 // NOLINTEND(bugprone-reserved-identifier)
