@@ -51,10 +51,6 @@ TEST(InflateTest, InBandsOfAnySizeTheResultIsZlibsOwn) {
         ++(expected ? accepted : refused);
         ASSERT_EQ(InBands(stream, size, bandSize), expected) << size << " in " << bandSize;
     };
-    const auto tail = [](Bytes stream, const Bytes& end) {
-        stream.insert(stream.end(), end.begin(), end.end());
-        return stream;
-    };
     for (const std::size_t size : {1, 15, 16, 17, 5552, 70000}) {
         // All bytes 255: the largest sums that a checksum can meet.
         for (const Bytes& data : {Data(random, size), Bytes(size, 255)}) {
@@ -65,7 +61,7 @@ TEST(InflateTest, InBandsOfAnySizeTheResultIsZlibsOwn) {
                     compare(stream, size + 1, bandSize);
                     compare(stream, size + 1000, bandSize);
                     compare(stream, std::max<std::size_t>(1, size - 1), bandSize);
-                    compare(tail(stream, {1, 2, 3}), size, bandSize);
+                    compare(Join({stream, {1, 2, 3}}), size, bandSize);
                 }
             }
         }
