@@ -21,16 +21,14 @@ namespace editor {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-const QString LevelCfg = u"level.cfg"_s;
-const QString WaypointCfg = u"waypoint.cfg"_s;
+using namespace test;
 
 /// Saves a level over another one, again and again.
 class SaveFaults : public testing::TestWithParam<bool> {
   protected:
     SaveFaults() {
         std::mt19937 random(5);
-        mdlEdit = test::RandomLevel(random);
+        mdlEdit = RandomLevel(random);
         mdlEdit.NumWayPoints = 30;
         mdlEdit.LevelPath = folder.Path();
         EXPECT_FALSE(SaveLevel().has_value());
@@ -38,7 +36,6 @@ class SaveFaults : public testing::TestWithParam<bool> {
         newWaypoint = folder.Read(WaypointCfg);
         Reset();
     }
-    ~SaveFaults() override { mdlEdit = LevelModel(); }
 
     /// The folder as before the Save: with older files, or with none.
     void Reset() {
@@ -46,28 +43,27 @@ class SaveFaults : public testing::TestWithParam<bool> {
             QFile::remove(folder.Path(name));
         }
         if (GetParam()) {
-            folder.Write(LevelCfg, "old level");
-            folder.Write(WaypointCfg, "old waypoints");
+            folder.Write(LevelCfg, "old");
+            folder.Write(WaypointCfg, "old");
         }
-        oldLevel = folder.Read(LevelCfg);
-        oldWaypoint = folder.Read(WaypointCfg);
     }
 
     /// Which of the two files is the new one; a file that is neither is a failure.
     std::string Outcome() const {
-        const auto age = [](const QByteArray& now, const QByteArray& young, const QByteArray& old) {
-            return now == young ? "new" : now == old ? "old" : "broken";
+        const auto age = [](const QByteArray& now, const QByteArray& young) {
+            const bool old = now == (GetParam() ? "old" : LevelFolder::NoSuchFile);
+            return now == young ? "new" : old ? "old" : "broken";
         };
-        return std::string("level.cfg ") + age(folder.Read(LevelCfg), newLevel, oldLevel) +
-               ", waypoint.cfg " + age(folder.Read(WaypointCfg), newWaypoint, oldWaypoint);
+        return std::string("level.cfg ") + age(folder.Read(LevelCfg), newLevel) +
+               ", waypoint.cfg " + age(folder.Read(WaypointCfg), newWaypoint);
     }
 
     static constexpr const char* NoneSaved = "level.cfg old, waypoint.cfg old";
     static constexpr const char* LevelSaved = "level.cfg new, waypoint.cfg old"; // it comes first
     static constexpr const char* BothSaved = "level.cfg new, waypoint.cfg new";
 
-    test::LevelFolder folder;
-    QByteArray oldLevel, oldWaypoint, newLevel, newWaypoint;
+    LevelFolder folder;
+    QByteArray newLevel, newWaypoint;
 };
 
 TEST_P(SaveFaults, AnErrorIsToldAndLosesNothing) {
@@ -75,9 +71,9 @@ TEST_P(SaveFaults, AnErrorIsToldAndLosesNothing) {
         int number = 1;
         for (std::string call = "first"; !call.empty(); ++number) {
             Reset();
-            test::Arm({number, error});
+            Arm({number, error});
             const QString message = SaveLevel().value_or(QString());
-            call = test::Disarm();
+            call = Disarm();
             const std::string outcome = Outcome();
             SCOPED_TRACE(call + " " + ::strerrorname_np(error));
             std::printf("%-4d %-10s %-7s %-40s %s\n", number, call.c_str(),
@@ -92,7 +88,7 @@ TEST_P(SaveFaults, AnErrorIsToldAndLosesNothing) {
             EXPECT_TRUE(message.isEmpty() || message.contains(qt_error_string(error)) ||
                         message.contains(u"permissions cannot be kept"))
                 << message.toStdString();
-            EXPECT_EQ(test::Text(mdlEdit), newLevel + newWaypoint);
+            EXPECT_EQ(Text(mdlEdit), newLevel + newWaypoint);
             for (const QString& left : folder.Names()) {
                 EXPECT_TRUE(left == LevelCfg || left == WaypointCfg) << left.toStdString();
             }
@@ -110,7 +106,7 @@ TEST_P(SaveFaults, AKilledProcessLeavesWholeFiles) {
         std::fflush(stdout);
         const pid_t child = ::fork();
         if (child == 0) {
-            test::Arm({number, 0});
+            Arm({number, 0});
             static_cast<void>(SaveLevel());
             ::_exit(0);
         }

@@ -19,11 +19,7 @@ namespace editor {
 namespace {
 
 using namespace Qt::StringLiterals;
-using test::CrLf;
-using test::LevelFolder;
-
-const QString LevelCfg = u"level.cfg"_s;
-const QString WaypointCfg = u"waypoint.cfg"_s;
+using namespace test;
 
 class LevelFiles : public testing::Test {
   protected:
@@ -31,7 +27,6 @@ class LevelFiles : public testing::Test {
         mdlEdit = LevelModel();
         mdlEdit.LevelPath = folder.Path();
     }
-    ~LevelFiles() override { mdlEdit = LevelModel(); }
 
     /// The message of a Load, empty when it succeeded.
     QString Load() {
@@ -85,36 +80,34 @@ TEST_F(LevelFiles, EveryLineIsWrittenAsItsRuleSays) {
 TEST_F(LevelFiles, AnyLevelReadsBackAsItWasWritten) {
     std::mt19937 random(20260101);
     for (int round = 0; round < 60; ++round) {
-        mdlEdit = test::RandomLevel(random);
+        mdlEdit = RandomLevel(random);
         mdlEdit.LevelPath = folder.Path();
-        const QByteArray text = test::Text(mdlEdit);
+        const QByteArray text = Text(mdlEdit);
         QFile::remove(folder.Path(WaypointCfg));
         ASSERT_EQ(Save(), QString());
         mdlEdit = {};
         mdlEdit.LevelPath = folder.Path();
         ASSERT_EQ(Load(), QString());
-        ASSERT_EQ(test::Text(mdlEdit), text) << round;
+        ASSERT_EQ(Text(mdlEdit), text) << round;
     }
 }
 
 TEST_F(LevelFiles, AnEmptyFolderReadsAsAnEmptyLevelAndLeftoversStay) {
-    mdlEdit.LevelFile = u"old.png"_s;
-    mdlEdit.ParallaxScroll = true;
-    mdlEdit.KickerForce = 5;
-    mdlEdit.NumItems = 3;
-    mdlEdit.NumWayPoints = 7;
-    mdlEdit.Items[2].Amount = 99;
+    std::mt19937 random(1);
+    mdlEdit = RandomLevel(random);
+    mdlEdit.LevelPath = folder.Path();
     mdlEdit.Zoom = 4;
+    const ItemRec leftover = mdlEdit.Items[2];
     ASSERT_EQ(Load(), QString());
-    EXPECT_EQ(test::Text(mdlEdit), test::Text({}));
-    EXPECT_EQ(mdlEdit.Items[2].Amount, 99);
+    EXPECT_EQ(Text(mdlEdit), Text({}));
+    EXPECT_EQ(mdlEdit.Items[2], leftover);
     EXPECT_EQ(mdlEdit.Zoom, 4);
     EXPECT_EQ(graphicsLoads, 1);
 }
 
 TEST_F(LevelFiles, MissingKeysTakeTheirDefaults) {
     ASSERT_EQ(LoadTexts("[Map]\nNumItems=2\nNumStartPoints=2\nStartX1=5\nPScroll=2\n"
-                        "[Item.0]\nType=3\n[Physics]\nJumperForce=-70000\nKickerForce=43000\n",
+                        "[Item.0]\nType=3\n",
                         "[Map]\nNumWayPoints=3\n[Point.0]\nLink0.Dest=4\nLink2.Dest=5\n"
                         "[Point.1]\nLink0.Dest=1\nLink1.Dest=-2\nLink2.Dest=3\nLink3.Dest=4\n"
                         "Link4.Dest=5\nLink4.Flags=2\nLink5.Dest=6\n"),
@@ -124,7 +117,6 @@ TEST_F(LevelFiles, MissingKeysTakeTheirDefaults) {
     EXPECT_EQ(mdlEdit.StartPoints[0], StartPointRec());
     EXPECT_EQ(mdlEdit.StartPoints[1], (StartPointRec{5, 0}));
     EXPECT_FALSE(mdlEdit.ParallaxScroll);
-    EXPECT_EQ(std::pair(mdlEdit.JumperForce, mdlEdit.KickerForce), std::pair(-70000, 43000));
     EXPECT_EQ(mdlEdit.WayPoints[0].NumLinks, 0);
     EXPECT_EQ(mdlEdit.WayPoints[1], (WaypointRec{0, 0, 0, {1, -2, 3, 4, 5}, {0, 0, 0, 0, 2}, 4}));
     EXPECT_EQ(mdlEdit.WayPoints[2].NumLinks, -1);
@@ -156,11 +148,11 @@ TEST_F(LevelFiles, TheTextIsReadAsThePlatformReadsPrivateProfiles) {
 TEST_F(LevelFiles, WhatCannotBeReadOrHeldIsRefusedAndNothingChanges) {
     mdlEdit.NumItems = 1;
     mdlEdit.Items[0].Name = u"kept"_s;
-    const QByteArray before = test::Text(mdlEdit);
+    const QByteArray before = Text(mdlEdit);
     const auto expectRefused = [&](const QString& told) {
         const QString message = Load();
         EXPECT_TRUE(message.contains(told)) << message.toStdString();
-        EXPECT_EQ(test::Text(mdlEdit), before) << message.toStdString();
+        EXPECT_EQ(Text(mdlEdit), before) << message.toStdString();
     };
     using Row = std::tuple<QByteArray, QByteArray, QString>;
     for (const auto& [level, waypoint, told] :
@@ -278,39 +270,17 @@ TEST_F(LevelFiles, ASaveIntoAReadOnlyFolderSaysSoAndTouchesNothing) {
 }
 
 TEST(FieldValue, IsTheNumberThatATextBeginsWith) {
+    for (const char* text :
+         {"", "abc", "0x10", ".", "-", "+-5", "inf", "nan", "&O8", "-&H10", "&", "&X1", "1e-400"}) {
+        EXPECT_EQ(FieldValue(QString::fromLatin1(text)), 0) << text;
+    }
     using Row = std::pair<const char*, double>;
-    for (const auto& [text, value] : {Row{"", 0},
-                                      Row{"abc", 0},
-                                      Row{"12abc", 12},
-                                      Row{"2.5", 2.5},
-                                      Row{"-5", -5},
-                                      Row{"+7", 7},
-                                      Row{"  4\t2\n1 ", 421},
-                                      Row{"1 000", 1000},
-                                      Row{"1500 N", 1500},
-                                      Row{"0x10", 0},
-                                      Row{"1e3", 1000},
-                                      Row{"1E+2x", 100},
-                                      Row{"1e", 1},
-                                      Row{".5", 0.5},
-                                      Row{"5.", 5},
-                                      Row{".", 0},
-                                      Row{"-", 0},
-                                      Row{"+-5", 0},
-                                      Row{"1,5", 1},
-                                      Row{"inf", 0},
-                                      Row{"nan", 0},
-                                      Row{"&HFFFF", 65535},
-                                      Row{"&h1g", 1},
-                                      Row{"& o 17", 15},
-                                      Row{"&O8", 0},
-                                      Row{"-&H10", 0},
-                                      Row{"&", 0},
-                                      Row{"&X1", 0},
-                                      Row{"1e400", HUGE_VAL},
-                                      Row{"-1e400", -HUGE_VAL},
-                                      Row{"1e-400", 0},
-                                      Row{"1d5", 1}}) {
+    for (const auto& [text, value] :
+         {Row{"12abc", 12}, Row{"2.5", 2.5}, Row{"-5", -5}, Row{"+7", 7}, Row{"  4\t2\n1 ", 421},
+          Row{"1 000", 1000}, Row{"1500 N", 1500}, Row{"1e3", 1000}, Row{"1E+2x", 100},
+          Row{"1e", 1}, Row{".5", 0.5}, Row{"5.", 5}, Row{"1,5", 1}, Row{"&HFFFF", 65535},
+          Row{"&h1g", 1}, Row{"& o 17", 15}, Row{"1e400", HUGE_VAL}, Row{"-1e400", -HUGE_VAL},
+          Row{"1d5", 1}}) {
         EXPECT_EQ(FieldValue(QString::fromLatin1(text)), value) << text;
     }
     EXPECT_EQ(FieldValue(u"\u0661\u0662"_s), 0); // digits of another script

@@ -13,9 +13,14 @@
 
 namespace editor::test {
 
+const QString LevelCfg = QStringLiteral("level.cfg");
+const QString WaypointCfg = QStringLiteral("waypoint.cfg");
+
 /// A folder of its own for one test, gone at its end.
 class LevelFolder {
   public:
+    static constexpr const char* NoSuchFile = "(no such file)";
+
     [[nodiscard]] QString Path() const { return folder_.path(); }
     [[nodiscard]] QString Path(const QString& name) const { return folder_.filePath(name); }
 
@@ -27,10 +32,10 @@ class LevelFolder {
         }
     }
 
-    /// The whole file; a text that no file of these tests holds when there is none.
+    /// The whole file; NoSuchFile, which no file of these tests holds, when there is none.
     [[nodiscard]] QByteArray Read(const QString& name) const {
         QFile file(Path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(NoSuchFile);
     }
 
     [[nodiscard]] QStringList Names() const {
