@@ -64,7 +64,6 @@ TEST_F(Windows, TabGoesInReadingOrderAndEnterEscAndAPassingWheelDoNothing) {
     settings().show();
     QObject::connect(&Setting("txtName"), &QLineEdit::returnPressed, main.get(),
                      [] { ADD_FAILURE() << "Enter reached a text box"; });
-    Setting<QWidget>("optWaypoints").setFocus();
     Setting<QRadioButton>("optWaypoints").click();
     EXPECT_EQ(Tabbed(Setting<QWidget>("optWaypoints")), "optWaypoints chkReload chkJump chkRope ");
     Setting<QRadioButton>("optItems").click();

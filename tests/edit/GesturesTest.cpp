@@ -152,7 +152,7 @@ TEST(Gestures, SelectTheFirstItemAndTheLastStartPoint) {
     ItemRec shown;
     const auto select = [&](const LevelPoint& point) {
         SelectItem(model, curpoint, point, [&shown](const ItemRec& item) { shown = item; });
-        const int item = curpoint;
+        const int item = std::exchange(curpoint, 0);
         SelectStartPoint(model, curpoint, point);
         return std::pair<int, int>(item, curpoint);
     };

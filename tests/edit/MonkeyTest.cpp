@@ -77,7 +77,9 @@ class Monkey : public test::EditorFixture {
     void CloseWindows() {
         OneOf<QWidget*>({&settings(), &view()})->close();
         DeleteClosed();
-        main->mnuLevWay->isChecked() ? void() : main->mnuLevWay->trigger();
+        if (!view().isVisible()) {
+            main->mnuLevWay->trigger();
+        }
     }
 
     void SaveAndOpen() {

@@ -108,9 +108,9 @@ class EditorFixture : public testing::Test {
 
     static constexpr QRgb Ground = 0xff336699; // of the pictures of MakeLevel()
 
-    std::unique_ptr<frmMain> main;
     QString answer;
     QStringList asked, messages;
+    std::unique_ptr<frmMain> main;
 };
 
 } // namespace editor::test
