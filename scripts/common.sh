@@ -33,6 +33,7 @@ install() {
 
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev zlib1g-dev fonts-liberation)
 TEST_PACKAGES=(libgtest-dev libbenchmark-dev)
+MEMORY_PACKAGES=(valgrind)
 DRIVE_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick python3)
 ACCESSIBILITY_PACKAGES=(dbus-daemon at-spi2-core python3-gi gir1.2-atspi-2.0)
 
