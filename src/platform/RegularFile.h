@@ -12,8 +12,8 @@ namespace editor {
 /// pipe, socket or device, opening which could block for ever or have effects.
 [[nodiscard]] bool IsRegularFile(const QString& path);
 
-/// True when `path` names an ordinary file whose size is not 0. Some that the system itself provides
-/// have the size 0 and keep a reader waiting for ever, and an empty file need not be read.
+/// True when `path` names an ordinary file whose size is not 0. Some that the system itself
+/// provides have the size 0 and keep a reader waiting for ever, and an empty file need not be read.
 [[nodiscard]] bool HasContent(const QString& path);
 
 /// Reads a whole file into `bytes`. A file that does not exist leaves `bytes` empty and is no
