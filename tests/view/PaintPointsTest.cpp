@@ -90,11 +90,11 @@ TEST_F(PaintPoints, ItemsAndStartPointsAreDrawnInTheirModeOnly) {
     model.StartPoints[0] = {15, 60};
     model.StartPoints[1] = {45, 60};
 
-    Paint(EditingMode::Items, 3);
+    Paint(EditingMode::Items, 6); // the last one
     const std::uint32_t fills[] = {Black,      0xff000080, 0xff008000, 0xff008080,
                                    0xff800000, Magenta,    Magenta};
     for (int i = 0; i < 7; ++i) {
-        ExpectMark(10 + 20 * i, 20, White, fills[i], i == 3);
+        ExpectMark(10 + 20 * i, 20, White, fills[i], i == 6);
     }
     EXPECT_EQ(At(15, 60), Ground);
 
