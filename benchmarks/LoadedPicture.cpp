@@ -3,7 +3,7 @@
 
 #include "LoadedPicture.h"
 
-#include "platform/Picture.h"
+#include "pictures/Picture.h"
 #include "png/ChunkWalk.h"
 #include "png/ImageData.h"
 #include "png/PngFile.h"

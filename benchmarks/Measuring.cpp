@@ -3,7 +3,7 @@
 
 #include "Measuring.h"
 
-#include "platform/LargeBuffer.h"
+#include "pictures/LargeBuffer.h"
 
 #include <algorithm>
 #include <chrono>

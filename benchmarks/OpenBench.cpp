@@ -8,8 +8,8 @@
 #include "Measuring.h"
 #include "app/frmMain.h"
 #include "model/mdlEdit.h"
-#include "platform/Dialogs.h"
 #include "support/PngBuilder.h"
+#include "windows/Dialogs.h"
 
 #include <QAction>
 #include <QApplication>

@@ -7,8 +7,8 @@
 
 #include "Measuring.h"
 #include "model/mdlEdit.h"
-#include "platform/DrawingSurface.h"
-#include "platform/PersistentImage.h"
+#include "painting/PersistentImage.h"
+#include "pictures/DrawingSurface.h"
 #include "view/PaintPoints.h"
 
 #include <algorithm>

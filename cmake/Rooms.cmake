@@ -1,16 +1,38 @@
 # SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 # SPDX-License-Identifier: MIT
 
-# editor_room(<folder> SOURCES file... LINKS target...)
+# editor_room(<folder> SOURCES file... [ROOMS folder...] [LIBRARIES target...] [WITHOUT_QT])
 #
-# A folder of src/ as a static library editor_<folder>, included as "<folder>/File.h". LINKS are
-# the rooms below that it stands on and the libraries that its headers need; tests, benchmarks
-# and tools link a room on its own.
+# A folder of src/ as a static library editor_<folder>, included as "<folder>/File.h". ROOMS are the
+# rooms below that it stands on, and the only ones whose headers it may include: any other include
+# fails the build, also of a header that needs no linking. LIBRARIES are those that its headers
+# need. WITHOUT_QT: nothing of Qt is in its include path, although a room below may need it.
 function(editor_room folder)
-    cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ROOM "WITHOUT_QT" "" "SOURCES;ROOMS;LIBRARIES" ${ARGN})
     add_library(editor_${folder} STATIC ${ROOM_SOURCES})
     target_include_directories(editor_${folder} PUBLIC ${PROJECT_SOURCE_DIR}/src)
-    target_link_libraries(editor_${folder} PUBLIC ${ROOM_LINKS} PRIVATE editor_compiler)
+    target_link_libraries(editor_${folder} PUBLIC ${ROOM_LIBRARIES} PRIVATE editor_compiler)
+    foreach(below IN LISTS ROOM_ROOMS)
+        if(ROOM_WITHOUT_QT)
+            target_link_libraries(editor_${folder} PUBLIC $<LINK_ONLY:editor_${below}>)
+        else()
+            target_link_libraries(editor_${folder} PUBLIC editor_${below})
+        endif()
+    endforeach()
+    if(ROOM_WITHOUT_QT)
+        set_target_properties(editor_${folder} PROPERTIES AUTOMOC OFF)
+    endif()
+
+    file(GLOB files CONFIGURE_DEPENDS *.h *.cpp)
+    set(checked ${CMAKE_CURRENT_BINARY_DIR}/includes.checked)
+    add_custom_command(OUTPUT ${checked}
+        COMMAND ${CMAKE_COMMAND} "-DFOLDER=${CMAKE_CURRENT_SOURCE_DIR}"
+                "-DALLOWED=${folder};${ROOM_ROOMS}" -P ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
+        COMMAND ${CMAKE_COMMAND} -E touch ${checked}
+        DEPENDS ${files} ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake CMakeLists.txt
+        COMMENT "" VERBATIM)
+    add_custom_target(includes_${folder} DEPENDS ${checked})
+    add_dependencies(editor_${folder} includes_${folder})
 endfunction()
 
 # editor_test(<name> SOURCES file... LINKS target... [GUI])

@@ -4,10 +4,10 @@
 // Any two texts as level.cfg and waypoint.cfg: they are read or refused, and what was read is
 // written, read again and then the same, but for what the files cannot hold.
 
+#include "files/CodePage.h"
+#include "files/PrivateProfile.h"
 #include "model/LevelReader.h"
 #include "model/LevelWriter.h"
-#include "platform/CodePage.h"
-#include "platform/PrivateProfile.h"
 
 #include <algorithm>
 #include <cstdint>

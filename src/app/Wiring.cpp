@@ -3,7 +3,6 @@
 
 #include "app/Wiring.h"
 
-#include "app/LevelArea.h"
 #include "app/frmMain.h"
 #include "dialogs/DialogHost.h"
 #include "dialogs/frmLevel.h"
@@ -12,6 +11,7 @@
 #include "edit/frmWaypointSettings.h"
 #include "view/ViewHost.h"
 #include "view/frmWaypoint.h"
+#include "windows/FormArea.h"
 
 #include <QApplication>
 
@@ -44,7 +44,7 @@ void WireWindows(frmMain& main) {
     };
 }
 
-frmWaypoint* MakeMapView(LevelArea& area) {
+frmWaypoint* MakeMapView(FormArea& area) {
     auto* view = new frmWaypoint(area);
     area.Watch(*view);
     QObject::connect(view, &frmWaypoint::MouseDown, view, Form_MouseDown);
@@ -54,13 +54,13 @@ frmWaypoint* MakeMapView(LevelArea& area) {
     return view;
 }
 
-frmWaypointSettings* MakeEntitySettings(LevelArea& area) {
+frmWaypointSettings* MakeEntitySettings(FormArea& area) {
     auto* settings = new frmWaypointSettings(area);
     area.Pin(*settings);
     return settings;
 }
 
-frmLevel* MakeLevelSettings(LevelArea& area) {
+frmLevel* MakeLevelSettings(FormArea& area) {
     auto* dialog = new frmLevel(area);
     area.Pin(*dialog);
     return dialog;

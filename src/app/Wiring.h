@@ -7,7 +7,7 @@ class QMdiArea;
 
 namespace editor {
 
-class LevelArea;
+class FormArea;
 class frmLevel;
 class frmMain;
 class frmWaypoint;
@@ -19,8 +19,8 @@ class frmWaypointSettings;
 void WireWindows(frmMain& main);
 
 /// A new window in the area, hidden, its events connected to those who answer them.
-[[nodiscard]] frmWaypoint* MakeMapView(LevelArea& area);
-[[nodiscard]] frmWaypointSettings* MakeEntitySettings(LevelArea& area);
-[[nodiscard]] frmLevel* MakeLevelSettings(LevelArea& area);
+[[nodiscard]] frmWaypoint* MakeMapView(FormArea& area);
+[[nodiscard]] frmWaypointSettings* MakeEntitySettings(FormArea& area);
+[[nodiscard]] frmLevel* MakeLevelSettings(FormArea& area);
 
 } // namespace editor

@@ -5,13 +5,13 @@
 
 #include "app/Wiring.h"
 #include "dialogs/frmAbout.h"
+#include "files/FileNames.h"
+#include "files/RegularFile.h"
 #include "model/LevelFiles.h"
 #include "model/mdlEdit.h"
-#include "platform/Dialogs.h"
-#include "platform/FileNames.h"
-#include "platform/Layout.h"
-#include "platform/RegularFile.h"
 #include "view/LevelGraphics.h"
+#include "windows/Dialogs.h"
+#include "windows/Layout.h"
 
 #include <QAction>
 #include <QApplication>
@@ -39,7 +39,7 @@ frmMain::frmMain()
     : mapView([this] { return Watched(MakeMapView(*area_)); }),
       entitySettings([this] { return Watched(MakeEntitySettings(*area_)); }),
       levelSettings([this] { return Watched(MakeLevelSettings(*area_)); }),
-      area_(new LevelArea(this)) {
+      area_(new FormArea(this)) {
     setWindowTitle(QStringLiteral("Torvak! Level editor"));
     setCentralWidget(area_);
     MakeMenus();

@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include "app/LevelArea.h"
 #include "dialogs/frmLevel.h"
 #include "edit/frmWaypointSettings.h"
-#include "platform/OnceForm.h"
 #include "view/frmWaypoint.h"
+#include "windows/FormArea.h"
+#include "windows/OnceForm.h"
 
 #include <QMainWindow>
 
@@ -61,7 +61,7 @@ class frmMain : public QMainWindow {
     void KeepKeyboardInSight();
     void ShowPinned(MdiForm& form, Qt::Corner corner);
 
-    LevelArea* area_;
+    FormArea* area_;
 };
 
 } // namespace editor

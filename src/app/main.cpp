@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/frmMain.h"
-#include "platform/Dialogs.h"
-#include "platform/Look.h"
+#include "windows/Dialogs.h"
+#include "windows/Look.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -4,9 +4,9 @@
 #include "dialogs/GraphicsChooser.h"
 
 #include "dialogs/DialogHost.h"
+#include "files/FileNames.h"
 #include "model/mdlEdit.h"
-#include "platform/Dialogs.h"
-#include "platform/FileNames.h"
+#include "windows/Dialogs.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 
 #include "dialogs/frmAbout.h"
 
-#include "platform/Layout.h"
+#include "windows/Layout.h"
 
 #include <QFont>
 #include <QLabel>

@@ -6,12 +6,12 @@
 #include "dialogs/DialogHost.h"
 #include "dialogs/GraphicsChooser.h"
 #include "model/FieldValue.h"
+#include "model/Rounding.h"
 #include "model/mdlEdit.h"
-#include "platform/Dialogs.h"
-#include "platform/Layout.h"
-#include "platform/Rounding.h"
-#include "platform/TextBox.h"
 #include "view/LevelGraphics.h"
+#include "windows/Dialogs.h"
+#include "windows/Layout.h"
+#include "windows/TextBox.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

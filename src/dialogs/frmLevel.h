@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "platform/MdiForm.h"
-#include "platform/QuietControls.h"
+#include "windows/MdiForm.h"
+#include "windows/QuietControls.h"
 
 class QCheckBox;
 class QLineEdit;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/Rounding.h"
+#include "model/Rounding.h"
 
 #include <cmath>
 #include <cstdint>

@@ -11,10 +11,10 @@
 #include "edit/WaypointGestures.h"
 #include "edit/frmWaypointSettings.h"
 #include "model/mdlEdit.h"
-#include "platform/Dialogs.h"
 #include "view/LevelGraphics.h"
 #include "view/ViewHost.h"
 #include "view/frmWaypoint.h"
+#include "windows/Dialogs.h"
 
 namespace editor {
 namespace {

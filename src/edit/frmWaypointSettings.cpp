@@ -4,11 +4,11 @@
 #include "edit/frmWaypointSettings.h"
 
 #include "model/FieldValue.h"
-#include "platform/Layout.h"
-#include "platform/Rounding.h"
-#include "platform/TextBox.h"
+#include "model/Rounding.h"
 #include "view/ViewHost.h"
 #include "view/frmWaypoint.h"
+#include "windows/Layout.h"
+#include "windows/TextBox.h"
 
 #include <QCheckBox>
 #include <QComboBox>

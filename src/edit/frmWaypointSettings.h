@@ -6,8 +6,8 @@
 #include "edit/WaypointGestures.h"
 #include "model/EditingMode.h"
 #include "model/mdlEdit.h"
-#include "platform/MdiForm.h"
-#include "platform/QuietControls.h"
+#include "windows/MdiForm.h"
+#include "windows/QuietControls.h"
 
 #include <array>
 #include <cstdint>

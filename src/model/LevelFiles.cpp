@@ -3,12 +3,12 @@
 
 #include "model/LevelFiles.h"
 
+#include "files/FileNames.h"
+#include "files/PrivateProfile.h"
+#include "files/RegularFile.h"
 #include "model/LevelReader.h"
 #include "model/LevelWriter.h"
 #include "model/mdlEdit.h"
-#include "platform/FileNames.h"
-#include "platform/PrivateProfile.h"
-#include "platform/RegularFile.h"
 
 #include <QDir>
 #include <QFileInfo>

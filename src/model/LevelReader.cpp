@@ -3,8 +3,8 @@
 
 #include "model/LevelReader.h"
 
-#include "platform/CodePage.h"
-#include "platform/PrivateProfile.h"
+#include "files/CodePage.h"
+#include "files/PrivateProfile.h"
 
 #include <QDir>
 

@@ -3,7 +3,7 @@
 
 #include "model/LevelWriter.h"
 
-#include "platform/CodePage.h"
+#include "files/CodePage.h"
 
 #include <QStringList>
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/Picture.h"
+#include "pictures/Picture.h"
 
 #include <QString>
 
@@ -80,7 +80,8 @@ struct WaypointRec {
 /// the state at program start. The first `count` records of each table are in use; the others
 /// hold leftovers that nothing reads.
 struct LevelModel {
-    /// The level folder, as CleanFolderPath() gives it; empty while none was chosen.
+    /// The level folder, absolute and clean, no separator at its end (a root keeps its own); empty
+    /// while none was chosen.
     QString LevelPath;
     // Graphics files relative to the level folder, as in the file: "\" separates.
     QString LevelFile;

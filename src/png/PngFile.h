@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/LargeBuffer.h"
+#include "pictures/LargeBuffer.h"
 
 #include <cstdint>
 #include <filesystem>

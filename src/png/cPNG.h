@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/DrawingSurface.h"
+#include "pictures/DrawingSurface.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "platform/DrawingSurface.h"
-#include "platform/LargeBuffer.h"
+#include "pictures/DrawingSurface.h"
+#include "pictures/LargeBuffer.h"
 
 #include <array>
 #include <cstdint>

@@ -3,12 +3,12 @@
 
 #include "view/LevelGraphics.h"
 
+#include "files/FileNames.h"
+#include "files/RegularFile.h"
+#include "model/Rounding.h"
 #include "model/mdlEdit.h"
-#include "platform/BitmapFile.h"
-#include "platform/DrawingSurface.h"
-#include "platform/FileNames.h"
-#include "platform/RegularFile.h"
-#include "platform/Rounding.h"
+#include "pictures/BitmapFile.h"
+#include "pictures/DrawingSurface.h"
 #include "png/cPNG.h"
 #include "view/ViewHost.h"
 #include "view/frmWaypoint.h"
@@ -30,11 +30,11 @@ void LoadPicture(const QString& name, Picture& target) {
         LoadPNGPicture(path, target);
         return;
     }
-    std::optional<Picture> loaded = LoadBitmapFile(path, MaximumPictureSide);
-    if (!loaded) {
-        throw std::runtime_error("not a readable bitmap");
+    const std::unique_ptr<QFile> file = OpenRegularFile(path);
+    if (file == nullptr) {
+        throw std::runtime_error("not an ordinary file that can be opened");
     }
-    target = *std::move(loaded);
+    target = LoadBitmap(*file, MaximumPictureSide);
 }
 
 // Every error raised while something is loaded makes it a failed load and nothing else.
@@ -76,11 +76,11 @@ std::uint32_t BigEndian(QByteArrayView bytes) {
 // one, width and height stand at this place (W3C PNG, 5.2 and 11.2.2).
 void RefuseOversizedPng(const QString& path) {
     constexpr qint64 SizeOffset = 16;
-    QFile file(path);
-    if (!HasContent(path) || !file.open(QIODevice::ReadOnly)) {
+    const std::unique_ptr<QFile> file = OpenRegularFile(path);
+    if (file == nullptr) {
         return; // the decoder will say so
     }
-    const QByteArray start = file.read(SizeOffset + 8);
+    const QByteArray start = file->read(SizeOffset + 8);
     if (start.size() == SizeOffset + 8 &&
         std::max(BigEndian(QByteArrayView(start).sliced(SizeOffset, 4)),
                  BigEndian(QByteArrayView(start).sliced(SizeOffset + 4, 4))) > MaximumPictureSide) {

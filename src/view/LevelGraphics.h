@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/Picture.h"
+#include "pictures/Picture.h"
 
 #include <QString>
 

@@ -3,6 +3,8 @@
 
 #include "view/PaintPoints.h"
 
+#include "model/Rounding.h"
+
 #include <array>
 
 namespace editor {
@@ -96,13 +98,13 @@ class Painter {
         return model_.WayPoints[static_cast<std::size_t>(index)];
     }
 
-    [[nodiscard]] float ToView(std::int16_t level) const {
-        return static_cast<float>(level) * model_.Zoom;
+    [[nodiscard]] QPoint ToView(std::int16_t x, std::int16_t y) const {
+        return ViewPixel(static_cast<float>(x) * model_.Zoom, static_cast<float>(y) * model_.Zoom);
     }
 
     void Mark(std::int16_t x, std::int16_t y, std::uint32_t outline, std::uint32_t fill) {
         image_.SetFillColour(fill);
-        image_.Circle(ToView(x), ToView(y), outline);
+        image_.Circle(ToView(x, y), outline);
     }
 
     void Links(const WaypointRec& from) {
@@ -111,7 +113,7 @@ class Painter {
             const int target = from.LinkDest[slot];
             if (target >= 0 && target < model_.WayPointCount()) {
                 const WaypointRec& to = Waypoint(target);
-                image_.Line(ToView(from.X), ToView(from.Y), ToView(to.X), ToView(to.Y),
+                image_.Line(ToView(from.X, from.Y), ToView(to.X, to.Y),
                             LinkColour(from.LinkFlags[slot]));
             }
         }
@@ -122,6 +124,10 @@ class Painter {
 };
 
 } // namespace
+
+QPoint ViewPixel(float x, float y) {
+    return {RoundTo<std::int32_t>(x), RoundTo<std::int32_t>(y)};
+}
 
 void PaintEntities(PersistentImage& image, const LevelModel& model, EditingMode mode,
                    int curpoint) {

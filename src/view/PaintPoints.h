@@ -5,9 +5,12 @@
 
 #include "model/EditingMode.h"
 #include "model/mdlEdit.h"
-#include "platform/PersistentImage.h"
+#include "painting/PersistentImage.h"
 
 namespace editor {
+
+/// The pixel of the view that lies nearest to a position in view pixels; halves go to the even one.
+[[nodiscard]] QPoint ViewPixel(float x, float y);
 
 /// Draws the entities of `mode` over the image's background, in table order, the selected one
 /// (`curpoint`, -1 or outside the table for none) last. Leaves the pen as its last step set it.

@@ -3,8 +3,8 @@
 
 #include "view/frmWaypoint.h"
 
+#include "model/Rounding.h"
 #include "model/mdlEdit.h"
-#include "platform/Rounding.h"
 #include "view/LevelGraphics.h"
 #include "view/PaintPoints.h"
 #include "view/ViewHost.h"
@@ -207,7 +207,7 @@ void frmWaypoint::PaintPoints() {
 }
 
 void frmWaypoint::DrawRubberBand(float x1, float y1, float x2, float y2) {
-    image_.Line(x1, y1, x2, y2, ForegroundColour);
+    image_.Line(ViewPixel(x1, y1), ViewPixel(x2, y2), ForegroundColour);
     UpdateChanges();
 }
 

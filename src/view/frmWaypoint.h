@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "platform/MdiForm.h"
-#include "platform/PersistentImage.h"
+#include "painting/PersistentImage.h"
+#include "windows/MdiForm.h"
 
 #include <cstdint>
 

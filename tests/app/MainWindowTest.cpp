@@ -32,7 +32,7 @@ class MainWindow : public test::EditorFixture {
         Open(good);
         QCoreApplication::processEvents();
     }
-    LevelArea& Area() { return *main->findChild<LevelArea*>(); }
+    FormArea& Area() { return *main->findChild<FormArea*>(); }
     void Scroll(int x, int y) {
         Area().horizontalScrollBar()->setValue(x);
         Area().verticalScrollBar()->setValue(y);

@@ -5,9 +5,9 @@
 
 #include "app/frmMain.h"
 #include "model/mdlEdit.h"
-#include "platform/Dialogs.h"
-#include "platform/Look.h"
 #include "support/LevelFolder.h"
+#include "windows/Dialogs.h"
+#include "windows/Look.h"
 
 #include <QTest>
 #include <QtWidgets>

@@ -1,0 +1,268 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
+#include "painting/PersistentImage.h"
+
+#include "painting/MarkRaster.h"
+
+#include <algorithm>
+#include <cstring>
+#include <type_traits>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace editor {
+namespace {
+
+// A region of many small rectangles costs more than the pixels that it saves.
+constexpr int MaximumRegionRects = 256;
+
+// Length of the pieces into which a line's changed area is cut, so that a long slanted line does
+// not count as the whole rectangle around it.
+constexpr int ChangePiece = 64;
+
+// How far a mark's pixels may lie from its points.
+constexpr int MaximumReach = 3;
+
+// View pixels that are copied, and of the next row prefetched, at a time.
+constexpr int RunLength = 512;
+
+int SourceIndex(int view, int pictureSize, int stretchedSize) {
+    return static_cast<int>(static_cast<std::int64_t>(view) * pictureSize / stretchedSize);
+}
+
+/// The pixels of a row of the picture that stand behind a run of view pixels. The zooms have loops
+/// of their own; only a view of another size goes by an index a pixel.
+class SourceRun {
+  public:
+    SourceRun(int first, int count, int pictureSize, int stretchedSize)
+        : first_(SourceIndex(first, pictureSize, stretchedSize)),
+          last_(SourceIndex(first + count - 1, pictureSize, stretchedSize)), count_(count) {
+        if (pictureSize % stretchedSize == 0) {
+            step_ = pictureSize / stretchedSize;
+        } else if (stretchedSize % pictureSize == 0) {
+            repeat_ = stretchedSize / pictureSize;
+            repeated_ = first % repeat_;
+        } else {
+            indices_.resize(static_cast<std::size_t>(count));
+            for (int i = 0; i < count; ++i) {
+                indices_[static_cast<std::size_t>(i)] =
+                    SourceIndex(first + i, pictureSize, stretchedSize);
+            }
+        }
+    }
+
+    /// Has the run's pixels of `row` brought into the cache. A picture's rows lie too far apart for
+    /// the processor to foresee the next one.
+    void Prefetch([[maybe_unused]] const std::uint32_t* row) const {
+#ifdef __SSE2__
+        constexpr int PixelsOfACacheLine = 16;
+        for (int i = first_; i <= last_; i += PixelsOfACacheLine) {
+            _mm_prefetch(reinterpret_cast<const char*>(row + i), _MM_HINT_T0);
+        }
+#endif
+    }
+
+    /// Writes the run's pixels of `row`.
+    void Copy(std::uint32_t* target, const std::uint32_t* row) const {
+        if (step_ == 1) {
+            std::memcpy(target, row + first_,
+                        static_cast<std::size_t>(count_) * sizeof(std::uint32_t));
+        } else if (step_ == 2) {
+            CopyEvery(std::integral_constant<int, 2>(), target, row + first_);
+        } else if (step_ == 4) {
+            CopyEvery(std::integral_constant<int, 4>(), target, row + first_);
+        } else if (step_ > 0) {
+            CopyEvery(step_, target, row + first_);
+        } else if (repeat_ == 2) {
+            Repeat(std::integral_constant<int, 2>(), target, row + first_);
+        } else if (repeat_ == 4) {
+            Repeat(std::integral_constant<int, 4>(), target, row + first_);
+        } else if (repeat_ == 8) {
+            Repeat(std::integral_constant<int, 8>(), target, row + first_);
+        } else if (repeat_ > 0) {
+            Repeat(repeat_, target, row + first_);
+        } else {
+            std::transform(indices_.begin(), indices_.end(), target,
+                           [row](int index) { return row[index]; });
+        }
+    }
+
+  private:
+    // `step` and `times` are constants where the compiler is to know them.
+    template <class Step>
+    void CopyEvery(Step step, std::uint32_t* target, const std::uint32_t* source) const {
+        for (int i = 0; i < count_; ++i) {
+            target[i] = source[i * step];
+        }
+    }
+
+    template <class Times>
+    void Repeat(Times times, std::uint32_t* target, const std::uint32_t* source) const {
+        std::uint32_t* const end = target + count_;
+        const std::ptrdiff_t begun = times - repeated_; // what is left of the first pixel
+        target = std::fill_n(target, std::min<std::ptrdiff_t>(begun, count_), *source);
+        for (; end - target >= times; target += times) {
+            const std::uint32_t pixel = *++source; // no store can change it, so that they are wide
+            for (int i = 0; i < times; ++i) {
+                target[i] = pixel;
+            }
+        }
+        if (target < end) {
+            std::fill(target, end, source[1]);
+        }
+    }
+
+    int first_; // of the picture's pixels, as is last_
+    int last_;
+    int count_;
+    int step_ = 0;     // picture pixels from view pixel to view pixel, where that is whole
+    int repeat_ = 0;   // view pixels of a picture pixel, where that is whole
+    int repeated_ = 0; // of which so many lie before the run
+    std::vector<int> indices_;
+};
+
+} // namespace
+
+void PersistentImage::SetBackground(const Picture& picture, const QSize& size) {
+    background_ = size.isEmpty() ? Picture() : picture;
+    stretched_ = size;
+    marks_.clear();
+    allChanged_ = true;
+}
+
+void PersistentImage::Clear() {
+    marks_.clear();
+}
+
+void PersistentImage::Add(Mark mark) {
+    const auto [top, bottom] = mark.line.Rows();
+    mark.top = top - MaximumReach;
+    mark.bottom = bottom + MaximumReach;
+    marks_.push_back(mark);
+}
+
+void PersistentImage::Circle(const QPoint& centre, std::uint32_t colour) {
+    Mark mark = pen_;
+    mark.circle = true;
+    mark.style = LineStyle::Solid;
+    mark.colour = colour;
+    mark.line = LineSteps(centre, centre);
+    Add(mark);
+}
+
+void PersistentImage::Line(const QPoint& from, const QPoint& to, std::uint32_t colour) {
+    Mark mark = pen_;
+    mark.fill = 0;
+    mark.colour = colour;
+    mark.line = LineSteps(from, to);
+    Add(mark);
+}
+
+void PersistentImage::AddChange(QRegion& region, const Mark& mark, const QRect& visible) {
+    const int reach = mark.circle ? MarkReach(mark.width) : mark.width / 2;
+    const auto add = [&](const QPoint& from, const QPoint& to) {
+        const QRect box(
+            QPoint(std::min(from.x(), to.x()) - reach, std::min(from.y(), to.y()) - reach),
+            QPoint(std::max(from.x(), to.x()) + reach, std::max(from.y(), to.y()) + reach));
+        const QRect seen = box & visible;
+        if (!seen.isEmpty()) {
+            region |= seen;
+        }
+    };
+    const auto [first, last] = mark.line.Inside(visible.adjusted(-reach, -reach, reach, reach));
+    for (std::int64_t i = first; i <= last; i += ChangePiece) {
+        add(mark.line.At(i), mark.line.At(std::min(i + ChangePiece, last)));
+    }
+}
+
+QRegion PersistentImage::TakeChanges(const QRect& visible) {
+    QRegion region;
+    if (allChanged_) {
+        region = visible;
+    }
+    // A pixel that lies in no mark that differs is painted by the same marks in the same order.
+    const std::size_t longer = std::max(marks_.size(), reported_.size());
+    for (std::size_t i = 0; i < longer && !allChanged_; ++i) {
+        const bool before = i < reported_.size();
+        const bool now = i < marks_.size();
+        if (before && now && reported_[i] == marks_[i]) {
+            continue;
+        }
+        if (before) {
+            AddChange(region, reported_[i], visible);
+        }
+        if (now) {
+            AddChange(region, marks_[i], visible);
+        }
+        if (region.rectCount() > MaximumRegionRects) {
+            region = visible;
+            break;
+        }
+    }
+    reported_ = marks_;
+    allChanged_ = false;
+    return region;
+}
+
+void PersistentImage::PaintBackground(std::uint32_t* target, qsizetype stride,
+                                      const QRect& exposed) const {
+    const QRect covered = HasBackground() ? exposed & QRect(QPoint(0, 0), stretched_) : QRect();
+    if (covered != exposed) {
+        for (int y = 0; y < exposed.height(); ++y) {
+            std::fill_n(target + y * stride, exposed.width(), PlainColour);
+        }
+    }
+    if (covered.isEmpty()) {
+        return;
+    }
+    std::vector<SourceRun> runs;
+    for (int x = covered.left(); x <= covered.right(); x += RunLength) {
+        runs.emplace_back(x, std::min(RunLength, covered.right() + 1 - x), background_.width(),
+                          stretched_.width());
+    }
+    const auto sourceRow = [this](int y) {
+        return SourceIndex(y, background_.height(), stretched_.height());
+    };
+    std::uint32_t* row =
+        target + (covered.top() - exposed.top()) * stride + (covered.left() - exposed.left());
+    const std::uint32_t* drawn = nullptr; // where the pixels of `drawnSource` are
+    int drawnSource = -1;
+    for (int y = covered.top(); y <= covered.bottom(); ++y, row += stride) {
+        const int source = sourceRow(y);
+        if (source == drawnSource) {
+            std::memcpy(row, drawn,
+                        static_cast<std::size_t>(covered.width()) * sizeof(std::uint32_t));
+            continue;
+        }
+        const int next = std::min(std::max(source + 1, sourceRow(y + 1)), background_.height() - 1);
+        for (std::size_t i = 0; i < runs.size(); ++i) {
+            runs[i].Prefetch(background_.row(next));
+            runs[i].Copy(row + static_cast<std::ptrdiff_t>(i) * RunLength, background_.row(source));
+        }
+        drawn = row;
+        drawnSource = source;
+    }
+}
+
+void PersistentImage::Paint(std::uint32_t* target, qsizetype stride, const QRect& exposed) const {
+    if (exposed.isEmpty()) {
+        return;
+    }
+    PaintBackground(target, stride, exposed);
+    const RasterTarget raster{target, stride, exposed};
+    for (const Mark& mark : marks_) {
+        if (mark.bottom < exposed.top() || mark.top > exposed.bottom()) {
+            continue;
+        }
+        if (mark.circle) {
+            PaintCircle(raster, mark.line.At(0), mark.width, mark.colour, mark.fill);
+        } else {
+            PaintLine(raster, mark.line, mark.width, mark.style == LineStyle::Dotted, mark.colour);
+        }
+    }
+}
+
+} // namespace editor

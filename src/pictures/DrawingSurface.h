@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "pictures/LargeBuffer.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace editor {
+
+/// An off-screen surface to draw pictures on, in the place of the platform's device context:
+/// rows of 32-bit pixels 0xffRRGGBB, top row first, without padding. It starts in a grey on which
+/// marks and links of every colour can be seen.
+///
+/// The initial colour is put in row by row, when rows are first asked for, so that drawing from
+/// the top down over the whole width never fills what it is about to cover.
+class DrawingSurface {
+  public:
+    static constexpr std::uint32_t InitialColour = 0xff808080;
+
+    /// Sizes in pixels, at least 0. Throws std::bad_alloc when the memory cannot be had.
+    DrawingSurface(std::int32_t width, std::int32_t height);
+
+    [[nodiscard]] std::int32_t width() const { return width_; }
+    [[nodiscard]] std::int32_t height() const { return height_; }
+
+    /// Row y, 0 at the top: width() pixels, to be read and changed.
+    [[nodiscard]] std::uint32_t* row(std::int32_t y);
+
+    /// What row y shows, to be read: valid until the next call for a row.
+    [[nodiscard]] const std::uint32_t* ShownRow(std::int32_t y);
+
+    /// Row y for a caller that sets each of its width() pixels; what they hold is unspecified. What
+    /// ShownRow() gave for the same row stays readable.
+    [[nodiscard]] std::uint32_t* RowToCover(std::int32_t y);
+
+    /// The pixels, handed over; the surface is empty afterwards.
+    [[nodiscard]] LargeBuffer TakePixels();
+
+  private:
+    [[nodiscard]] std::uint32_t* RowAt(std::int32_t y);
+    void FillRowsBelow(std::int32_t end);
+
+    std::int32_t width_;
+    std::int32_t height_;
+    std::int32_t filledRows_ = 0; // rows from here on still lack the initial colour
+    LargeBuffer pixels_;
+    std::vector<std::uint32_t> initialRow_; // what such rows show, once someone looks
+};
+
+/// The header of a device-independent bitmap, field by field as the platform documents it.
+struct BITMAPINFOHEADER {
+    std::uint32_t biSize = 0;
+    std::int32_t biWidth = 0;
+    std::int32_t biHeight = 0; // positive: the bottom row comes first
+    std::uint16_t biPlanes = 0;
+    std::uint16_t biBitCount = 0;
+    std::uint32_t biCompression = 0;
+    std::uint32_t biSizeImage = 0;
+    std::int32_t biXPelsPerMeter = 0;
+    std::int32_t biYPelsPerMeter = 0;
+    std::uint32_t biClrUsed = 0;
+    std::uint32_t biClrImportant = 0;
+
+    bool operator==(const BITMAPINFOHEADER&) const = default;
+};
+static_assert(sizeof(BITMAPINFOHEADER) == 40);
+
+/// Bytes of one row of a device-independent bitmap: the pixels, rounded up to a multiple of 4.
+/// Throws std::overflow_error when width x bits leaves the signed 32-bit range.
+[[nodiscard]] std::int32_t DibStride(std::int32_t width, std::int16_t bitsPerPixel);
+
+/// The part of `length` pixels laid from `position` on that falls within 0 to `limit` - 1.
+struct VisiblePart {
+    std::int32_t first = 0; // of the pixels laid
+    std::int32_t count = 0;
+};
+[[nodiscard]] VisiblePart Clip(std::int32_t position, std::int32_t length, std::int32_t limit);
+
+/// Copies all of a bottom-up bitmap of 1, 4, 8 or 24 bits a pixel to the surface, its top-left
+/// pixel to (x, y); what lies outside the surface is dropped. `palette` has 4 bytes an entry, blue,
+/// green, red, 0, of which at most 256 count; an index beyond it is drawn black. `pixels` are
+/// biHeight rows of DibStride() bytes.
+void SetDIBitsToDevice(DrawingSurface& hDC, std::int32_t x, std::int32_t y,
+                       const BITMAPINFOHEADER& header, std::span<const std::uint8_t> palette,
+                       std::span<const std::uint8_t> pixels);
+
+} // namespace editor

@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
+#include "pictures/LargeBuffer.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <new>
+#include <utility>
+
+#if defined(__SANITIZE_ADDRESS__)
+#define EDITOR_PLAIN_BUFFERS // malloc() puts guards around a block, which mmap() does not
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(memory_sanitizer)
+#define EDITOR_PLAIN_BUFFERS
+#endif
+#endif
+
+#if defined(__linux__) && !defined(EDITOR_PLAIN_BUFFERS)
+#include <sys/mman.h>
+#else
+#undef EDITOR_PLAIN_BUFFERS
+#define EDITOR_PLAIN_BUFFERS
+#endif
+
+namespace editor {
+namespace {
+
+// Where the memory of a buffer comes from: Allocate() gives at least `size` bytes and says in
+// `capacity` how many; Free() takes back what it gave. Neither is for several threads at once.
+
+#ifdef EDITOR_PLAIN_BUFFERS
+
+std::uint8_t* Allocate(std::size_t size, std::size_t& capacity) {
+    capacity = size;
+    return static_cast<std::uint8_t*>(std::malloc(size));
+}
+
+void Free(std::uint8_t* block, std::size_t) {
+    std::free(block);
+}
+
+#else
+
+// The first touch of a page costs more than all that is done with its bytes, and the system hands
+// out 2 MiB pages thirty times as fast as the same memory in pages of 4 KiB, to those who ask for
+// them with an aligned block. What a block has beyond whole ones gets one more where that wastes
+// little; otherwise it is asked for at once, which saves part of the trap at each page's first
+// touch.
+constexpr std::size_t HugePageSize = std::size_t{2} << 20;
+constexpr std::size_t PageSize = 4096;
+constexpr std::size_t MostOfAHugePage = HugePageSize / 4 * 3;
+
+// Touched pages are better still: a few blocks that were freed are kept for the next buffers. As
+// many as a picture takes while it is loaded: its file, what is inflated from it, and its bitmap;
+// and no more than may lie idle.
+constexpr std::size_t MaximumKept = std::size_t{128} << 20; // bytes in all
+
+struct Block {
+    std::uint8_t* data = nullptr;
+    std::size_t capacity = 0;
+};
+// Without a destructor, since buffers are freed at the program's end too.
+constinit std::array<Block, 3> kept;
+
+void Unmap(Block& block) {
+    if (block.data != nullptr) {
+        munmap(block.data, block.capacity);
+        block = {};
+    }
+}
+
+std::uint8_t* Map(std::size_t capacity) {
+    const std::size_t slack = capacity < HugePageSize ? 0 : HugePageSize - PageSize;
+    void* mapped =
+        mmap(nullptr, capacity + slack, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (mapped == MAP_FAILED) {
+        return nullptr;
+    }
+    auto* first = static_cast<std::uint8_t*>(mapped);
+    if (slack == 0) {
+        return first;
+    }
+    const std::size_t before = (0 - reinterpret_cast<std::uintptr_t>(first)) % HugePageSize;
+    if (before != 0) {
+        munmap(first, before);
+    }
+    if (before != slack) {
+        munmap(first + before + capacity, slack - before);
+    }
+    return first + before;
+}
+
+// Where a request is refused, or its name not known, pages come one by one as they are touched.
+void AskForPages(std::uint8_t* block, std::size_t capacity) {
+    const std::size_t end = capacity % HugePageSize;
+    if (capacity != end) {
+        madvise(block, capacity - end, MADV_HUGEPAGE);
+    }
+#ifdef MADV_POPULATE_WRITE
+    madvise(block + (capacity - end), end, MADV_POPULATE_WRITE);
+#endif
+}
+
+std::size_t RoundUp(std::size_t size, std::size_t unit) {
+    return (size + unit - 1) / unit * unit;
+}
+
+// The smallest kept block that serves without wasting more than it gives; empty when there is none.
+Block TakeKept(std::size_t capacity) {
+    Block* best = nullptr;
+    for (Block& block : kept) {
+        if (block.capacity >= capacity && block.capacity / 2 <= capacity &&
+            (best == nullptr || block.capacity < best->capacity)) {
+            best = &block;
+        }
+    }
+    return best == nullptr ? Block{} : std::exchange(*best, Block{});
+}
+
+std::uint8_t* Allocate(std::size_t size, std::size_t& capacity) {
+    capacity = RoundUp(size, size % HugePageSize > MostOfAHugePage ? HugePageSize : PageSize);
+    const Block block = TakeKept(capacity);
+    if (block.data != nullptr) {
+        capacity = block.capacity;
+        return block.data;
+    }
+    // A new block takes the place of smaller ones in the sum of memory.
+    for (Block& smaller : kept) {
+        if (smaller.capacity < capacity) {
+            Unmap(smaller);
+        }
+    }
+    std::uint8_t* mapped = Map(capacity);
+    if (mapped != nullptr) {
+        AskForPages(mapped, capacity);
+    }
+    return mapped;
+}
+
+void Free(std::uint8_t* data, std::size_t capacity) {
+    std::array<Block, kept.size() + 1> blocks;
+    std::copy(kept.begin(), kept.end(), blocks.begin());
+    blocks.back() = {data, capacity};
+    std::sort(blocks.begin(), blocks.end(),
+              [](const Block& a, const Block& b) { return a.capacity > b.capacity; });
+    kept = {};
+    std::size_t total = 0;
+    auto place = kept.begin();
+    for (Block& block : blocks) {
+        if (place != kept.end() && total + block.capacity <= MaximumKept) {
+            total += block.capacity;
+            *place++ = block;
+        } else {
+            Unmap(block);
+        }
+    }
+}
+
+#endif
+
+} // namespace
+
+LargeBuffer::LargeBuffer(std::size_t size) {
+    if (size == 0) {
+        return;
+    }
+    data_ = Allocate(size, capacity_);
+    if (data_ == nullptr) {
+        throw std::bad_alloc();
+    }
+    size_ = size;
+}
+
+LargeBuffer::~LargeBuffer() {
+    if (data_ != nullptr) {
+        Free(data_, capacity_);
+    }
+}
+
+LargeBuffer::LargeBuffer(LargeBuffer&& other) noexcept
+    : data_(std::exchange(other.data_, nullptr)), size_(std::exchange(other.size_, 0)),
+      capacity_(std::exchange(other.capacity_, 0)) {}
+
+LargeBuffer& LargeBuffer::operator=(LargeBuffer&& other) noexcept {
+    // What was held goes at once, not with `other`, which may live on.
+    LargeBuffer taken(std::move(other));
+    std::swap(data_, taken.data_);
+    std::swap(size_, taken.size_);
+    std::swap(capacity_, taken.capacity_);
+    return *this;
+}
+
+} // namespace editor

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
+#include "files/CodePage.h"
+#include "files/FileNames.h"
+#include "files/RegularFile.h"
+#include "support/LevelFolder.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace editor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using test::LevelFolder;
+
+TEST(FindInFolder, PrefersTheExactNameAndIgnoresLetterCaseOtherwise) {
+    LevelFolder folder;
+    for (const char* name : {"Level.PNG", "gfx/back.png", "GFX/mat.png", "gfx/a/x.png",
+                             "Gfx/A/y.png", "both.png", "BOTH.png", "with blank \xC3\xA4.png"}) {
+        folder.Write(QString::fromUtf8(name), "x");
+    }
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [name, found] :
+         {Row{"Level.PNG", "Level.PNG"}, Row{"level.png", "Level.PNG"},
+          Row{"gfx\\back.png", "gfx/back.png"}, Row{"gfx/MAT.png", "GFX/mat.png"},
+          Row{"gfx\\a\\Y.PNG", "Gfx/A/y.png"}, Row{"both.png", "both.png"},
+          Row{"Both.PNG", "BOTH.png"}, Row{"WITH BLANK \xC3\xA4.png", "with blank \xC3\xA4.png"},
+          Row{"missing\\one.png", "missing/one.png"}, Row{"\\Level.PNG", "Level.PNG"}}) {
+        EXPECT_EQ(FindInFolder(folder.Path(), QString::fromUtf8(name)),
+                  folder.Path(QString::fromUtf8(found)))
+            << name;
+    }
+    // Two folders for each "gfx": 2^28 ways, none of which leads to the file.
+    const QString roundabout = u"gfx/../"_s.repeated(28) + u"none.png"_s;
+    EXPECT_EQ(FindInFolder(folder.Path(), roundabout), folder.Path() + u'/' + roundabout);
+    EXPECT_EQ(JoinPath(u"/"_s, u"a"_s), u"/a"_s);
+}
+
+TEST(CodePage, HoldsEveryByteOnceAndNamesWhatItLacks) {
+    QByteArray bytes;
+    for (int i = 0; i < 256; ++i) {
+        bytes.append(static_cast<char>(i));
+    }
+    const QString text = FromCodePage(bytes);
+    EXPECT_EQ(ToCodePage(text), bytes);
+    EXPECT_EQ(text.mid(0x7F, 3), u"\u007f\u20ac\u0081"_s);
+    EXPECT_EQ(text.mid(0x9E, 3), u"\u017e\u0178\u00a0"_s);
+    EXPECT_EQ(FirstOutsideCodePage(text), QString());
+    EXPECT_FALSE(ToCodePage(u"\u0080"_s).has_value());
+    EXPECT_EQ(FirstOutsideCodePage(u"ab\u0416c"_s), u"\u0416"_s);
+    EXPECT_EQ(FirstOutsideCodePage(QString(QChar(0xD800))), QString(QChar(0xD800)));
+}
+
+TEST(OpenRegularFile, OpensNothingThatMayWaitForEver) {
+    LevelFolder folder;
+    folder.Write(u"empty.bmp"_s, {});
+    const QString pipe = folder.Path(u"pipe.bmp"_s);
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    for (const QString& path : {pipe, folder.Path(), folder.Path(u"none.bmp"_s),
+                                folder.Path(u"empty.bmp"_s), QString()}) {
+        EXPECT_EQ(OpenRegularFile(path), nullptr) << path.toStdString();
+    }
+}
+
+} // namespace
+} // namespace editor

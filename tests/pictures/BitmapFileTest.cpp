@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
+#include "pictures/BitmapFile.h"
+
+#include <QTemporaryFile>
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace editor {
+namespace {
+
+constexpr int Side = 32767;
+constexpr int TotalHeader = 14 + 40;
+
+QByteArray LittleEndian(qint64 value, int size = 4) {
+    QByteArray bytes;
+    for (; size > 0; --size, value >>= 8) {
+        bytes.append(static_cast<char>(value));
+    }
+    return bytes;
+}
+
+QByteArray Noise(unsigned size) {
+    QByteArray bytes;
+    for (unsigned i = 0; i < size; ++i) {
+        bytes.append(static_cast<char>(i * i * 37 + i * 11 + 5));
+    }
+    return bytes;
+}
+
+/// A BMP file of 7 by 3 pixels unless told otherwise.
+struct Bmp {
+    std::string name;
+    int bits = 24;
+    qint64 compression = 0;
+    QByteArray behind = {}; // the fields: rest of the header, masks, palette
+    QByteArray pixels = Noise(7 * 4 * 3);
+    int headerSize = 40;
+    qint64 width = 7;
+    qint64 height = 3;
+    qint64 colours = 0;
+    qint64 offset = -1; // where the pixels are said to be; -1: where they are
+    int planes = 1;
+
+    [[nodiscard]] QByteArray Bytes() const {
+        const int side = headerSize == 12 ? 2 : 4;
+        QByteArray header = LittleEndian(headerSize) + LittleEndian(width, side) +
+                            LittleEndian(height, side) + LittleEndian(planes, 2) +
+                            LittleEndian(bits, 2);
+        if (headerSize > 12) {
+            header += LittleEndian(compression, 16) + LittleEndian(colours, 8);
+        }
+        header += behind;
+        const qint64 begin = offset >= 0 ? offset : 14 + header.size();
+        return "BM" + LittleEndian(0, 8) + LittleEndian(begin) + header + pixels;
+    }
+};
+
+const QByteArray Palette = Noise(256 * 4);
+const QByteArray Rgb565 = LittleEndian(0xf800) + LittleEndian(0x07e0) + LittleEndian(0x001f);
+const QByteArray Bgr = LittleEndian(0xff) + LittleEndian(0xff00) + LittleEndian(0xff0000);
+const QByteArray TenBits = LittleEndian(0x3ff00000) + LittleEndian(0xffc00) + LittleEndian(0x3ff);
+// A row in one run, one with a padded literal run, one in two runs.
+const QByteArray Runs8 = QByteArray::fromHex("07010000030200030a0b0c00010100000303040f0001");
+const QByteArray Runs4 = QByteArray::fromHex("07190000023200056ab7c0000000031204230001");
+
+const std::vector<Bmp> Readable{
+    {"1 bit", 1, 0, Noise(8), Noise(12)},
+    {"1 bit, OS/2", 1, 0, Noise(6), Noise(12), 12},
+    {"4 bits", 4, 0, Noise(64), Noise(12)},
+    {"8 bits", 8, 0, Palette, Noise(24)},
+    {"8 bits, OS/2", 8, 0, Noise(768), Noise(24), 12},
+    {"8 bits, OS/2 2", 8, 0, LittleEndian(0, 24) + Palette, Noise(24), 64},
+    {"8 bits, version 4", 8, 0, LittleEndian(0, 68) + Palette, Noise(24), 108},
+    {"16 bits", 16, 0, {}, Noise(48)},
+    {"16 bits, 5-6-5", 16, 3, Rgb565, Noise(48)},
+    {"24 bits, palette", 24, 0, Palette, Noise(72), 40, 7, 3, 256},
+    {"24 bits, top row first", 24, 0, {}, Noise(72), 40, 7, -3},
+    {"32 bits", 32},
+    {"32 bits, masks", 32, 3, Bgr},
+    {"32 bits, alpha", 32, 3, Bgr + LittleEndian(0xff000000, 72), Noise(84), 124},
+    {"run lengths of 8 bits", 8, 1, Palette, Runs8},
+    {"run lengths of 4 bits", 4, 2, Noise(64), Runs4},
+};
+
+std::optional<Picture> Load(const QByteArray& bytes, qint64 size = 0) {
+    QTemporaryFile file;
+    EXPECT_TRUE(file.open() && file.write(bytes) == bytes.size());
+    EXPECT_TRUE(file.resize(std::max(size, file.size()))); // what is added takes no room
+    file.seek(0);
+    try {
+        return LoadBitmap(file, Side);
+    } catch (const std::runtime_error&) {
+        return std::nullopt;
+    }
+}
+
+TEST(BitmapFile, EveryKindOfBitmapHasThePixelsThatAnIndependentReaderGives) {
+    for (const Bmp& bmp : Readable) {
+        const QImage expected =
+            QImage::fromData(bmp.Bytes(), "BMP").convertToFormat(QImage::Format_RGB32);
+        const std::optional<Picture> loaded = Load(bmp.Bytes());
+        ASSERT_TRUE(loaded && loaded->image().size() == expected.size()) << bmp.name;
+        // That reader leaves the lower bits of narrow channels 0 and so never gives white.
+        const QRgb compared = bmp.bits == 16 ? 0xfff8f8f8 : 0xffffffff;
+        for (int i = 0; i < 7 * 3; ++i) {
+            EXPECT_EQ(loaded->row(i / 7)[i % 7] & compared, expected.pixel(i % 7, i / 7) & compared)
+                << bmp.name << ", pixel " << i;
+        }
+    }
+}
+
+TEST(BitmapFile, WhatReadersDisagreeOnHasTheColoursThatTheFormatGives) {
+    const QByteArray words = LittleEndian(0x3ff003ff) + LittleEndian(0x00080000);
+    const QByteArray greys = LittleEndian(0) + LittleEndian(0x111111) + LittleEndian(0x222222);
+    const auto runs = [&](const char* hex) {
+        return Bmp{hex, 8, 1, greys, QByteArray::fromHex(hex), 40, 2, 2, 3};
+    };
+    const std::pair<Bmp, std::vector<std::uint32_t>> rows[] = {
+        // pixels without alpha
+        {{"5 bits", 16, 0, {}, LittleEndian(0x7fff), 40, 2, 1}, {0xffffff, 0}},
+        {{"10 bits", 32, 3, TenBits, words, 40, 2, 1}, {0xff00ff, 0x008000}},
+        {{"header of 52", 32, 3, Bgr, words, 52, 2, 1}, {0xff03f0, 0x000008}},
+        {{"header of 56", 32, 3, Bgr + words, words, 56, 2, 1}, {0xff03f0, 0x000008}},
+        {{"alpha fields", 32, 6, Bgr + words, words, 40, 2, 1}, {0xff03f0, 0x000008}},
+        {{"palette cut short", 8, 0, greys, LittleEndian(0x0402), 40, 2, 1}, {0x222222, 0}},
+        {runs("ff01ff020000ff02ff01"), {0x222222, 0x222222, 0x111111, 0x111111}},
+        {runs("01010002000101020001"), {0, 0x222222, 0x111111, 0}},
+        {runs("0002ff0001020002ffff0102"), {0, 0, 0, 0}},
+    };
+    for (const auto& [bmp, pixels] : rows) {
+        const std::optional<Picture> loaded = Load(bmp.Bytes());
+        ASSERT_TRUE(loaded) << bmp.name;
+        int i = 0;
+        for (const std::uint32_t pixel : pixels) {
+            EXPECT_EQ(loaded->row(i / 2)[i % 2], 0xff000000 | pixel) << bmp.name << ' ' << i;
+            ++i;
+        }
+    }
+}
+
+TEST(BitmapFile, AFileThatBreaksOffIsRefused) {
+    const int endMarkAndOneByte = 3;
+    for (const Bmp& bmp : Readable) {
+        EXPECT_FALSE(Load(bmp.Bytes().chopped(endMarkAndOneByte))) << bmp.name;
+    }
+    for (qsizetype size = 0; size < TotalHeader; ++size) {
+        EXPECT_FALSE(Load(Readable.back().Bytes().first(size))) << size;
+    }
+}
+
+TEST(BitmapFile, AHeaderThatCannotBeTrueIsRefused) {
+    const std::vector<Bmp> rows{
+        {"too wide", 1, 0, Noise(8), Noise(4096), 40, Side + 1, 1},
+        {"too high", 1, 0, Noise(8), Noise(4 * (Side + 1)), 40, 1, Side + 1},
+        {"negative width", 24, 0, {}, Noise(84), 40, -7},
+        {"no width", 24, 0, {}, Noise(84), 40, 0},
+        {"no height", 24, 0, {}, Noise(84), 40, 7, 0},
+        {"smallest height", 24, 0, {}, Noise(84), 40, 7, -2147483648LL},
+        {"unknown header", 24, 0, {}, Noise(84), 41},
+        {"3 bits", 3, 0, Noise(32)},
+        {"run lengths of 8 bits for 4", 4, 1, Noise(64), Runs8},
+        {"another coding of OS/2", 32, 3, LittleEndian(0, 24) + Bgr, Noise(84), 64},
+        {"a JPEG inside", 24, 4},
+        {"pixels in the header", 24, 0, {}, Noise(84), 40, 7, 3, 0, TotalHeader - 1},
+        {"pixels far behind the file", 24, 0, {}, Noise(84), 40, 7, 3, 0, 0xffffffff},
+        {"two planes", 24, 0, {}, Noise(84), 40, 7, 3, 0, -1, 2},
+        {"a huge picture of few bytes", 8, 1, Palette, Runs8, 40, 30000, 30000},
+        {"a literal run without pixels", 8, 1, Palette, QByteArray::fromHex("00ff01")},
+    };
+    for (const Bmp& bmp : rows) {
+        EXPECT_FALSE(Load(bmp.Bytes())) << bmp.name;
+    }
+    EXPECT_FALSE(Load("\x89PNG\r\n\x1a\n" + Noise(200)));
+}
+
+TEST(BitmapFile, ThePictureMayBeLargeAndAsWideAsTheLimit) {
+    for (const auto& [width, height] : {std::pair{5900, 5900}, {Side, 1}, {1, Side}}) {
+        const Bmp bmp{"", 24, 0, {}, {}, 40, width, height};
+        const qint64 size = TotalHeader + (qint64{width} * 3 + 3) / 4 * 4 * height;
+        const std::optional<Picture> loaded = Load(bmp.Bytes(), size);
+        ASSERT_TRUE(loaded && loaded->image().size() == QSize(width, height));
+        EXPECT_EQ(loaded->row(height - 1)[width - 1], 0xff000000);
+    }
+}
+
+} // namespace
+} // namespace editor

@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
+#include "windows/Dialogs.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtWidgets>
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+namespace editor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// Where programs keep their configuration; set before the first of them looks.
+const QTemporaryDir configuration;
+const bool configurationIsSet =
+    setenv("XDG_CONFIG_HOME", QFile::encodeName(configuration.path()).constData(), 1) == 0;
+
+/// Answers the dialog that comes next: `answer` gets it once it is shown, and closes it.
+void Answer(const std::function<void(QWidget&)>& answer) {
+    QTimer::singleShot(0, [answer] { answer(*QApplication::activeModalWidget()); });
+}
+
+/// Enters a name in a file dialog; cancels any dialog when there is none.
+void Enter(QWidget& dialog, const QString& name = {}) {
+    if (!name.isEmpty()) {
+        dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(name);
+    }
+    QTest::keyClick(&dialog, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+}
+
+class PlatformDialogs : public testing::Test {
+  protected:
+    void SetUp() override {
+        LeaveNoConfiguration();
+        ASSERT_TRUE(configurationIsSet && QDir(folder_).mkpath(u"sub"_s));
+        for (const QString& name : {u"/a.png"_s, u"/B.PNG"_s, u"/c.bmp"_s}) {
+            ASSERT_TRUE(QFile(folder_ + name).open(QIODevice::WriteOnly));
+        }
+    }
+    void TearDown() override { QDir::setCurrent(QDir::rootPath()); }
+
+    QString Open() {
+        return dialogs().openFileName(nullptr, u"Open File"_s, folder_,
+                                      u"PNG graphics|*.png|BMP graphics|*.bmp|"_s);
+    }
+
+    const QTemporaryDir temporary_;
+    const QString folder_ = temporary_.filePath(u"level"_s);
+};
+
+TEST_F(PlatformDialogs, AMessageBoxShowsItsTextAsItIsWithAnOkButtonOnly) {
+    const QString text = u"<b>No</b> & \"Open\""_s;
+    Answer([&](QWidget& dialog) {
+        const auto& box = dynamic_cast<QMessageBox&>(dialog);
+        EXPECT_EQ(box.windowTitle() + box.text(), u"Torvak! level editor"_s + text);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+        Enter(dialog);
+    });
+    MsgBox(nullptr, text);
+}
+
+TEST_F(PlatformDialogs, AChosenFileNeedNotExistItsFolderBecomesCurrentAndNothingElseIsKept) {
+    const QString rows[][3] = {{u"a.png"_s, u"/a.png"_s, u""_s}, // typed, chosen, current
+                               {u"sub/new.png"_s, u"/sub/new.png"_s, u"/sub"_s},
+                               {u"sub/../no ending"_s, u"/no ending"_s, u""_s}};
+    for (const auto& [typed, chosen, current] : rows) {
+        Answer([name = typed](QWidget& dialog) { Enter(dialog, name); });
+        EXPECT_EQ(Open(), folder_ + chosen);
+        EXPECT_EQ(QDir::currentPath(), folder_ + current);
+    }
+    QDir::setCurrent(temporary_.path());
+    Answer([](QWidget& dialog) { Enter(dialog); });
+    EXPECT_EQ(Open(), QString());
+    EXPECT_EQ(QDir::currentPath(), temporary_.path());
+    EXPECT_TRUE(QDir(configuration.path()).isEmpty());
+}
+
+TEST_F(PlatformDialogs, TheFileDialogOffersTheLabelsAndMatchesAnyLetterCase) {
+    Answer([](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), u"Open File"_s);
+        const auto* list = dialog.findChild<QListView*>(u"listView"_s);
+        const auto shows = [list](int entries) {
+            return list->model()->rowCount(list->rootIndex()) == entries;
+        };
+        auto* types = dialog.findChild<QComboBox*>(u"fileTypeCombo"_s);
+        EXPECT_EQ(types->currentText(), u"PNG graphics"_s);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return shows(3); })); // sub, a.png, B.PNG
+        QTest::keyClick(types, Qt::Key_Down);
+        EXPECT_EQ(types->currentText(), u"BMP graphics"_s);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return shows(2); }));
+        Enter(dialog);
+    });
+    EXPECT_EQ(Open(), QString());
+}
+
+TEST_F(PlatformDialogs, TheFolderBrowserShowsItsPromptAndGivesACleanPath) {
+    for (const QString& typed : {folder_ + u"/sub/../"_s, QString()}) {
+        Answer([&](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), u"Please"_s);
+            Enter(dialog, typed);
+        });
+        EXPECT_EQ(dialogs().browseForFolder(nullptr, u"Please"_s),
+                  typed.isEmpty() ? QString() : folder_);
+    }
+}
+
+} // namespace
+} // namespace editor
