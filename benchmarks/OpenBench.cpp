@@ -62,7 +62,7 @@ double Open(const QString& folder) {
     main.show();
     QApplication::processEvents();
     dialogs().browseForFolder = [&](QWidget*, const QString&) { return folder; };
-    const FirstFrame frame(main.mapView());
+    const FirstFrame frame(main.mapView.Use());
     return Milliseconds([&] {
         main.findChild<QAction*>(QStringLiteral("mnuLevOpen"))->trigger();
         if (!mdlEdit.GraphicsLoaded) {

@@ -4,65 +4,46 @@
 #include "app/Wiring.h"
 
 #include "app/frmMain.h"
-#include "dialogs/DialogHost.h"
 #include "dialogs/frmLevel.h"
-#include "edit/EditHost.h"
 #include "edit/ViewEvents.h"
 #include "edit/frmWaypointSettings.h"
-#include "view/ViewHost.h"
 #include "view/frmWaypoint.h"
 #include "windows/FormArea.h"
 
-#include <QApplication>
-
 namespace editor {
 
-void WireWindows(frmMain& main) {
-    viewHost = {
-        .mapView = [&main]() -> frmWaypoint& { return main.mapView(); },
-        .editingMode = CurrentMode,
-        .showEntitySettings = [&main] { main.ShowEntitySettings(); },
-        .hideEntitySettings = [&main] { main.HideEntitySettings(); },
-        .resetWaypointCaption = ResetWaypointCaption,
-        .checkLevelItems = [&main](bool checked) { main.mnuLevWay->setChecked(checked); },
-        .setBusyPointer =
-            [](bool busy) {
-                if (busy) {
-                    QApplication::setOverrideCursor(Qt::WaitCursor);
-                } else {
-                    QApplication::restoreOverrideCursor();
-                }
-            },
-        .SetMenus = [&main] { main.SetMenus(); },
-    };
-    editHost = {
-        .entitySettings = [&main]() -> frmWaypointSettings& { return main.entitySettings(); },
-    };
-    dialogHost = {
-        .mainWindow = [&main] { return &main; },
-        .checkLevelSettings = [&main](bool checked) { main.mnuLevSettings->setChecked(checked); },
-    };
-}
-
-frmWaypoint* MakeMapView(FormArea& area) {
-    auto* view = new frmWaypoint(area);
+frmWaypoint* MakeMapView(frmMain& main, FormArea& area) {
+    auto* view = new frmWaypoint(area, [&main] {
+        const frmWaypointSettings* settings = main.entitySettings.Existing();
+        return settings != nullptr ? settings->Mode() : frmWaypointSettings::InitialMode;
+    });
     area.Watch(*view);
-    QObject::connect(view, &frmWaypoint::MouseDown, view, Form_MouseDown);
-    QObject::connect(view, &frmWaypoint::MouseMove, view, Form_MouseMove);
-    QObject::connect(view, &frmWaypoint::MouseUp, view, Form_MouseUp);
-    QObject::connect(view, &frmWaypoint::KeyDown, view, Form_KeyDown);
+    // An event of the view that comes when the settings were closed makes them anew.
+    const auto answer = [&main, view](auto signal, auto handler) {
+        QObject::connect(view, signal, view, [&main, handler](frmWaypoint& sender, auto... what) {
+            frmWaypointSettings& settings = main.entitySettings.Use();
+            handler(sender, settings, what...);
+        });
+    };
+    answer(&frmWaypoint::MouseDown, Form_MouseDown);
+    answer(&frmWaypoint::MouseMove, Form_MouseMove);
+    answer(&frmWaypoint::MouseUp, Form_MouseUp);
+    answer(&frmWaypoint::KeyDown, Form_KeyDown);
+    QObject::connect(view, &MdiForm::Closed, &main, &frmMain::MapViewClosed);
     return view;
 }
 
-frmWaypointSettings* MakeEntitySettings(FormArea& area) {
-    auto* settings = new frmWaypointSettings(area);
+frmWaypointSettings* MakeEntitySettings(frmMain& main, FormArea& area) {
+    auto* settings = new frmWaypointSettings(area, main.mapView);
     area.Pin(*settings);
     return settings;
 }
 
-frmLevel* MakeLevelSettings(FormArea& area) {
+frmLevel* MakeLevelSettings(frmMain& main, FormArea& area) {
     auto* dialog = new frmLevel(area);
     area.Pin(*dialog);
+    QObject::connect(dialog, &frmLevel::Accepted, &main, &frmMain::LevelSettingsAccepted);
+    QObject::connect(dialog, &MdiForm::Closed, &main, &frmMain::LevelSettingsClosed);
     return dialog;
 }
 

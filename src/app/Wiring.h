@@ -3,8 +3,6 @@
 
 #pragma once
 
-class QMdiArea;
-
 namespace editor {
 
 class FormArea;
@@ -13,14 +11,13 @@ class frmMain;
 class frmWaypoint;
 class frmWaypointSettings;
 
-// The one place in which the windows are wired to each other.
-
-/// Fills what the lower rooms ask of the windows around them.
-void WireWindows(frmMain& main);
+// The one place in which the windows are wired to each other: what one of them has to say to
+// another is a signal that is connected here, and what one has to know of another is handed to it
+// here.
 
 /// A new window in the area, hidden, its events connected to those who answer them.
-[[nodiscard]] frmWaypoint* MakeMapView(FormArea& area);
-[[nodiscard]] frmWaypointSettings* MakeEntitySettings(FormArea& area);
-[[nodiscard]] frmLevel* MakeLevelSettings(FormArea& area);
+[[nodiscard]] frmWaypoint* MakeMapView(frmMain& main, FormArea& area);
+[[nodiscard]] frmWaypointSettings* MakeEntitySettings(frmMain& main, FormArea& area);
+[[nodiscard]] frmLevel* MakeLevelSettings(frmMain& main, FormArea& area);
 
 } // namespace editor

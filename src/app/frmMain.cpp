@@ -10,6 +10,7 @@
 #include "model/LevelFiles.h"
 #include "model/mdlEdit.h"
 #include "view/LevelGraphics.h"
+#include "view/Zoom.h"
 #include "windows/Dialogs.h"
 #include "windows/Layout.h"
 
@@ -20,12 +21,23 @@
 #include <QScreen>
 #include <QStyle>
 
+#include <exception>
+#include <utility>
+
 namespace editor {
 namespace {
 
 // The size of the area at start, in twips.
 constexpr int InitialWidth = 7200;
 constexpr int InitialHeight = 4380;
+
+/// Shows the busy pointer as long as it lives.
+struct BusyPointer {
+    BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+};
 
 } // namespace
 
@@ -36,9 +48,9 @@ Form* frmMain::Watched(Form* form) {
 }
 
 frmMain::frmMain()
-    : mapView([this] { return Watched(MakeMapView(*area_)); }),
-      entitySettings([this] { return Watched(MakeEntitySettings(*area_)); }),
-      levelSettings([this] { return Watched(MakeLevelSettings(*area_)); }),
+    : mapView([this] { return Watched(MakeMapView(*this, *area_)); }),
+      entitySettings([this] { return Watched(MakeEntitySettings(*this, *area_)); }),
+      levelSettings([this] { return Watched(MakeLevelSettings(*this, *area_)); }),
       area_(new FormArea(this)) {
     setWindowTitle(QStringLiteral("Torvak! Level editor"));
     setCentralWidget(area_);
@@ -46,7 +58,6 @@ frmMain::frmMain()
     ensurePolished();
     resize(Twips(InitialWidth),
            Twips(InitialHeight) + menuBar()->heightForWidth(Twips(InitialWidth)));
-    WireWindows(*this);
     MDIForm_Load();
 }
 
@@ -99,8 +110,8 @@ void frmMain::MakeMenus() {
 void frmMain::MDIForm_Load() {
     mdlEdit.Zoom = 1;
     // A window is made hidden by its first use.
-    static_cast<void>(levelSettings());
-    static_cast<void>(mapView());
+    levelSettings.Use();
+    mapView.Use();
     mnuLevSettings->setEnabled(false);
     mnuLevWay->setEnabled(false);
 }
@@ -139,7 +150,7 @@ void frmMain::mnuLevNew_Click() {
     mdlEdit.LevelWidth = -1;
     mdlEdit.LevelHeight = -1;
     ClearSelection();
-    ShowPinned(levelSettings(), Qt::TopLeftCorner);
+    ShowPinned(levelSettings.Use(), Qt::TopLeftCorner);
     mnuLevSettings->setChecked(true);
 }
 
@@ -149,7 +160,7 @@ void frmMain::mnuLevOpen_Click() {
         return;
     }
     const QString before = std::exchange(mdlEdit.LevelPath, folder);
-    if (const auto error = LoadLevel(LoadGraphics)) {
+    if (const auto error = LoadLevel([this] { LoadGraphics(); })) {
         mdlEdit.LevelPath = before;
         MsgBox(this, *error);
         return;
@@ -167,19 +178,19 @@ void frmMain::mnuSave_Click() {
 // The entry toggled its check mark before it called.
 void frmMain::mnuLevSettings_Click() {
     if (mnuLevSettings->isChecked()) {
-        ShowPinned(levelSettings(), Qt::TopLeftCorner);
-        levelSettings().Init();
+        ShowPinned(levelSettings.Use(), Qt::TopLeftCorner);
+        levelSettings.Use().Init();
     } else {
-        levelSettings().hide();
+        levelSettings.Use().hide();
     }
 }
 
 void frmMain::mnuLevWay_Click() {
     const bool visible = mnuLevWay->isChecked();
-    mapView().setVisible(visible);
+    mapView.Use().setVisible(visible);
     if (visible) {
         ShowEntitySettings();
-        mapView().Init();
+        mapView.Use().Init();
     } else {
         HideEntitySettings();
     }
@@ -189,13 +200,56 @@ void frmMain::mnuHelpAbout_Click() {
     frmAbout(this).exec();
 }
 
+void frmMain::LoadGraphics() {
+    if (mdlEdit.LevelFile.isEmpty() || mdlEdit.MaterialFile.isEmpty() ||
+        mdlEdit.BackFile.isEmpty()) {
+        return;
+    }
+    const BusyPointer busy;
+    try {
+        if (LoadPictures()) {
+            ShowLevel();
+        }
+    } catch (const std::exception&) { // there may be no memory to show it with
+        mdlEdit.GraphicsLoaded = false;
+    }
+    SetMenus();
+}
+
+void frmMain::ShowLevel() {
+    frmWaypoint& view = mapView.Use();
+    view.show();
+    ShowEntitySettings();
+    mnuLevWay->setChecked(true);
+    view.curpoint = NoSelection;
+    entitySettings.Use().ShowWaypoint(NoSelection);
+    SizeView(view);
+    DrawLevelPicture(view);
+    view.PaintPoints();
+    view.TakeKeyboard();
+}
+
+void frmMain::MapViewClosed() {
+    HideEntitySettings();
+    mnuLevWay->setChecked(false);
+}
+
+void frmMain::LevelSettingsAccepted() {
+    LoadGraphics();
+    mnuLevSettings->setChecked(false);
+}
+
+void frmMain::LevelSettingsClosed() {
+    mnuLevSettings->setChecked(false);
+}
+
 // A new level's tables have nothing selected; a view that stays visible shows them.
 void frmMain::ClearSelection() {
     frmWaypoint* view = mapView.Existing();
     if (view == nullptr) {
         return;
     }
-    view->curpoint = -1;
+    view->curpoint = NoSelection;
     if (view->isVisible()) {
         view->PaintPoints();
     }
@@ -223,7 +277,7 @@ void frmMain::KeepKeyboardInSight() {
 }
 
 void frmMain::ShowEntitySettings() {
-    ShowPinned(entitySettings(), Qt::TopRightCorner);
+    ShowPinned(entitySettings.Use(), Qt::TopRightCorner);
 }
 
 void frmMain::HideEntitySettings() {

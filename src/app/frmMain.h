@@ -36,9 +36,16 @@ class frmMain : public QMainWindow {
     OnceForm<frmWaypointSettings> entitySettings;
     OnceForm<frmLevel> levelSettings;
 
-    void ShowEntitySettings();
-    void HideEntitySettings();
+    /// Loads the graphics that the level names and, when all of them can be read, shows the level;
+    /// else nothing is shown of it and no message appears. Does nothing while one has no name.
+    void LoadGraphics();
 
+    // What the other windows report.
+    void MapViewClosed();
+    void LevelSettingsAccepted();
+    void LevelSettingsClosed();
+
+    // The two entries whose check marks and enabling follow the level and the windows.
     QAction* mnuLevSettings = nullptr;
     QAction* mnuLevWay = nullptr;
 
@@ -57,6 +64,9 @@ class frmMain : public QMainWindow {
     void mnuLevWay_Click();
     void mnuHelpAbout_Click();
 
+    void ShowLevel();
+    void ShowEntitySettings();
+    void HideEntitySettings();
     void ClearSelection();
     void KeepKeyboardInSight();
     void ShowPinned(MdiForm& form, Qt::Corner corner);

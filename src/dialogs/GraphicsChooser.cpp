@@ -3,7 +3,6 @@
 
 #include "dialogs/GraphicsChooser.h"
 
-#include "dialogs/DialogHost.h"
 #include "files/FileNames.h"
 #include "model/mdlEdit.h"
 #include "windows/Dialogs.h"
@@ -25,9 +24,8 @@ std::optional<QString> Below(const QString& folder, const QString& path) {
 
 } // namespace
 
-QString ShowOpenDialog(const QString& initialFolder, const QString& filter, std::int32_t) {
-    return dialogs().openFileName(dialogHost.mainWindow(), QStringLiteral("Open File"),
-                                  initialFolder, filter);
+QString ShowOpenDialog(QWidget* owner, const QString& initialFolder, const QString& filter) {
+    return dialogs().openFileName(owner, QStringLiteral("Open File"), initialFolder, filter);
 }
 
 QString BrowseStartFolder() {

@@ -5,19 +5,19 @@
 
 #include <QString>
 
-#include <cstdint>
 #include <optional>
+
+class QWidget;
 
 namespace editor {
 
 /// Lets the user choose a file or type the name of one that need not exist, in a dialog titled
-/// "Open File" that starts in `initialFolder` and is owned by the main window. `filter` is a list
-/// of label and pattern pairs, every label and pattern followed by "|"; the first is preselected.
-/// `flags` are options of the platform's dialog; every caller passes 0, for which a name that does
-/// not exist is taken and the chosen file's folder becomes the process's current directory. The
-/// result is the absolute, clean path, or empty when the user cancels.
-[[nodiscard]] QString ShowOpenDialog(const QString& initialFolder, const QString& filter,
-                                     std::int32_t flags);
+/// "Open File" that starts in `initialFolder`. `filter` is a list of label and pattern pairs, every
+/// label and pattern followed by "|"; the first is preselected. The chosen file's folder becomes
+/// the process's current directory. The result is the absolute, clean path, or empty when the user
+/// cancels.
+[[nodiscard]] QString ShowOpenDialog(QWidget* owner, const QString& initialFolder,
+                                     const QString& filter);
 
 /// The folder in which browsing for graphics starts: the process's current directory, or the level
 /// folder when that is gone. Inside the level folder it is named through mdlEdit.LevelPath, for

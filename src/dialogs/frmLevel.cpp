@@ -3,12 +3,10 @@
 
 #include "dialogs/frmLevel.h"
 
-#include "dialogs/DialogHost.h"
 #include "dialogs/GraphicsChooser.h"
 #include "model/FieldValue.h"
 #include "model/Rounding.h"
 #include "model/mdlEdit.h"
-#include "view/LevelGraphics.h"
 #include "windows/Dialogs.h"
 #include "windows/Layout.h"
 #include "windows/TextBox.h"
@@ -127,14 +125,14 @@ void frmLevel::Init() {
 }
 
 void frmLevel::Browse(QLineEdit& box) {
-    const QString path = ShowOpenDialog(
-        BrowseStartFolder(), QStringLiteral("PNG graphics|*.png|BMP graphics|*.bmp|"), 0);
+    const QString path = ShowOpenDialog(window(), BrowseStartFolder(),
+                                        QStringLiteral("PNG graphics|*.png|BMP graphics|*.bmp|"));
     if (path.isEmpty()) {
         return;
     }
     const std::optional<QString> name = NameInLevelFolder(path);
     if (!name) {
-        MsgBox(dialogHost.mainWindow(),
+        MsgBox(window(),
                QStringLiteral("Graphics must be in the same directory as the rest of the level."));
         return;
     }
@@ -165,13 +163,8 @@ void frmLevel::cmdOK_Click() {
     mdlEdit.JumperForce = RoundTo<std::int32_t>(FieldValue(txtJumper->text()));
     mdlEdit.KickerForce = RoundTo<std::int32_t>(FieldValue(txtKicker->text()));
     mdlEdit.ParallaxScroll = chkParallax->isChecked();
-    LoadGraphics();
-    dialogHost.checkLevelSettings(false);
+    Q_EMIT Accepted();
     hide();
-}
-
-void frmLevel::Form_QueryUnload() {
-    dialogHost.checkLevelSettings(false);
 }
 
 } // namespace editor

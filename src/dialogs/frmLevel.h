@@ -23,8 +23,9 @@ class frmLevel : public MdiForm {
     /// Fills the controls from mdlEdit.
     void Init();
 
-  protected:
-    void Form_QueryUnload() override;
+  Q_SIGNALS:
+    /// Accept has written the fields into mdlEdit; the dialog will be hidden.
+    void Accepted();
 
   private:
     void MakeGraphics(QWidget* client);

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "model/EditingMode.h"
+
 #include <QString>
 
 #include <algorithm>
@@ -11,9 +13,6 @@
 #include <cstdint>
 
 namespace editor {
-
-/// The value of `curpoint` when nothing is selected.
-inline constexpr std::int16_t NoSelection = -1;
 
 /// What a gesture leaves to be done when its own work is finished.
 struct GestureResult {

@@ -3,7 +3,6 @@
 
 #include "edit/ViewEvents.h"
 
-#include "edit/EditHost.h"
 #include "edit/Gesture.h"
 #include "edit/HitTest.h"
 #include "edit/ItemGestures.h"
@@ -11,21 +10,15 @@
 #include "edit/WaypointGestures.h"
 #include "edit/frmWaypointSettings.h"
 #include "model/mdlEdit.h"
-#include "view/LevelGraphics.h"
-#include "view/ViewHost.h"
+#include "view/Zoom.h"
 #include "view/frmWaypoint.h"
 #include "windows/Dialogs.h"
 
 namespace editor {
 namespace {
 
-constexpr float LargestZoom = 8;
-constexpr float SmallestZoom = 0.25F;
-constexpr float ZoomStep = 2;
-
-void Select(EditingMode mode, std::int16_t& curpoint, const LevelPoint& point) {
-    frmWaypointSettings& settings = editHost.entitySettings();
-    switch (mode) {
+void Select(frmWaypointSettings& settings, std::int16_t& curpoint, const LevelPoint& point) {
+    switch (settings.Mode()) {
     case EditingMode::Waypoints:
         SelectWaypoint(mdlEdit, curpoint, point,
                        [&settings](int index) { settings.ShowWaypoint(index); });
@@ -56,9 +49,9 @@ GestureResult Move(EditingMode mode, int curpoint, const LevelPoint& point) {
     return {};
 }
 
-GestureResult CreateOrLink(EditingMode mode, std::int16_t& curpoint, const LevelPoint& point) {
-    const frmWaypointSettings& settings = editHost.entitySettings();
-    switch (mode) {
+GestureResult Create(const frmWaypointSettings& settings, std::int16_t& curpoint,
+                     const LevelPoint& point) {
+    switch (settings.Mode()) {
     case EditingMode::Waypoints:
         return LinkOrCreateWaypoint(mdlEdit, curpoint, point, settings.Choices());
     case EditingMode::Items:
@@ -103,69 +96,44 @@ void DragLink(frmWaypoint& view, float pointerX, float pointerY) {
     }
 }
 
-void SetZoom(frmWaypoint& view, float zoom) {
-    mdlEdit.Zoom = zoom;
-    SizeView(view);
-    DrawLevelPicture(view);
-    view.PaintPoints();
-    view.widget()->repaint();
-}
-
 } // namespace
 
-EditingMode CurrentMode() {
-    frmWaypointSettings& settings = editHost.entitySettings();
-    if (settings.TakeUnpainted()) {
-        // Like any change of the mode, that by a window made anew is seen at once.
-        viewHost.mapView().PaintPoints();
-    }
-    return settings.Mode();
-}
-
-void Form_MouseDown(int button, float x, float y) {
-    const LevelPoint point = ToLevel(x, y, mdlEdit.Zoom);
-    const EditingMode mode = CurrentMode();
-    frmWaypoint& view = viewHost.mapView();
+void Form_MouseDown(frmWaypoint& view, frmWaypointSettings& settings, int button, float x,
+                    float y) {
     if (button == LeftButton) {
-        Select(mode, view.curpoint, point);
+        Select(settings, view.curpoint, ToLevel(x, y, mdlEdit.Zoom));
     }
     view.PaintPoints();
 }
 
-void Form_MouseMove(int buttons, float x, float y) {
-    const LevelPoint point = ToLevel(x, y, mdlEdit.Zoom);
-    const EditingMode mode = CurrentMode();
-    frmWaypoint& view = viewHost.mapView();
+void Form_MouseMove(frmWaypoint& view, frmWaypointSettings& settings, int buttons, float x,
+                    float y) {
+    const EditingMode mode = settings.Mode();
     if (buttons == LeftButton) {
-        Finish(view, Move(mode, view.curpoint, point));
+        Finish(view, Move(mode, view.curpoint, ToLevel(x, y, mdlEdit.Zoom)));
     } else if (buttons == RightButton && mode == EditingMode::Waypoints) {
         DragLink(view, x, y);
     }
 }
 
-void Form_MouseUp(int button, float x, float y) {
-    const LevelPoint point = ToLevel(x, y, mdlEdit.Zoom);
-    const EditingMode mode = CurrentMode();
-    frmWaypoint& view = viewHost.mapView();
-    Finish(view, button == RightButton ? CreateOrLink(mode, view.curpoint, point)
-                                       : GestureResult{.repaint = true});
+void Form_MouseUp(frmWaypoint& view, frmWaypointSettings& settings, int button, float x, float y) {
+    Finish(view, button == RightButton
+                     ? Create(settings, view.curpoint, ToLevel(x, y, mdlEdit.Zoom))
+                     : GestureResult{.repaint = true});
 }
 
-void Form_KeyDown(int key, bool keypad) {
-    frmWaypoint& view = viewHost.mapView();
-    if (keypad && key == Qt::Key_Plus && mdlEdit.Zoom < LargestZoom) {
-        SetZoom(view, mdlEdit.Zoom * ZoomStep);
-    } else if (keypad && key == Qt::Key_Minus && mdlEdit.Zoom > SmallestZoom) {
-        SetZoom(view, mdlEdit.Zoom / ZoomStep);
+void Form_KeyDown(frmWaypoint& view, frmWaypointSettings& settings, int key, bool keypad) {
+    const bool plus = keypad && key == Qt::Key_Plus;
+    const bool minus = keypad && key == Qt::Key_Minus;
+    const float zoom = plus    ? LargerZoom(mdlEdit.Zoom)
+                       : minus ? SmallerZoom(mdlEdit.Zoom)
+                               : mdlEdit.Zoom;
+    if (zoom != mdlEdit.Zoom) {
+        SetZoom(view, zoom);
     }
-    const EditingMode mode = CurrentMode();
     if (key == Qt::Key_Delete) {
-        Finish(view, Delete(mode, view.curpoint));
+        Finish(view, Delete(settings.Mode(), view.curpoint));
     }
-}
-
-void ResetWaypointCaption() {
-    editHost.entitySettings().ShowWaypoint(NoSelection);
 }
 
 } // namespace editor

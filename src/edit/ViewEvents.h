@@ -3,23 +3,18 @@
 
 #pragma once
 
-#include "model/EditingMode.h"
-
 namespace editor {
 
-// What the application connects to the map view and to its host. The mode is read afresh at every
-// event.
+class frmWaypoint;
+class frmWaypointSettings;
 
-/// The editing mode that the entity settings show.
-[[nodiscard]] EditingMode CurrentMode();
+// What answers the signals of frmWaypoint, whose buttons, view pixels and keys these are. The mode
+// is read from the settings afresh at every event.
 
-// The signals of frmWaypoint, with its buttons, view pixels and keys.
-void Form_MouseDown(int button, float x, float y);
-void Form_MouseMove(int buttons, float x, float y);
-void Form_MouseUp(int button, float x, float y);
-void Form_KeyDown(int key, bool keypad);
-
-/// The caption of the waypoint frame when nothing is selected.
-void ResetWaypointCaption();
+void Form_MouseDown(frmWaypoint& view, frmWaypointSettings& settings, int button, float x, float y);
+void Form_MouseMove(frmWaypoint& view, frmWaypointSettings& settings, int buttons, float x,
+                    float y);
+void Form_MouseUp(frmWaypoint& view, frmWaypointSettings& settings, int button, float x, float y);
+void Form_KeyDown(frmWaypoint& view, frmWaypointSettings& settings, int key, bool keypad);
 
 } // namespace editor

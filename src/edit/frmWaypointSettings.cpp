@@ -5,7 +5,6 @@
 
 #include "model/FieldValue.h"
 #include "model/Rounding.h"
-#include "view/ViewHost.h"
 #include "view/frmWaypoint.h"
 #include "windows/Layout.h"
 #include "windows/TextBox.h"
@@ -17,7 +16,6 @@
 #include <QRadioButton>
 
 #include <algorithm>
-#include <utility>
 
 namespace editor {
 namespace {
@@ -126,8 +124,8 @@ QWidget* AddPanel(const char* name, const char* accessibleName, QWidget* parent,
 
 } // namespace
 
-frmWaypointSettings::frmWaypointSettings(QMdiArea& area)
-    : MdiForm(area, QStringLiteral("Entity settings"), new QWidget) {
+frmWaypointSettings::frmWaypointSettings(QMdiArea& area, const OnceForm<frmWaypoint>& mapView)
+    : MdiForm(area, QStringLiteral("Entity settings"), new QWidget), mapView_(mapView) {
     BuildModeRow();
     BuildSpawnPointPanel();
     BuildObjectPanel();
@@ -187,7 +185,8 @@ void frmWaypointSettings::Form_Load() {
     optStart->setChecked(true);
     tabObjects->hide();
     tabWaypoint->hide();
-    viewHost.mapView().curpoint = NoSelection;
+    ClearSelection();
+    PaintPoints();
 }
 
 void frmWaypointSettings::ConnectHandlers() {
@@ -223,10 +222,6 @@ EditingMode frmWaypointSettings::Mode() const {
     return optStart->isChecked() ? EditingMode::StartPoints : EditingMode::None;
 }
 
-bool frmWaypointSettings::TakeUnpainted() {
-    return std::exchange(unpainted_, false);
-}
-
 void frmWaypointSettings::optWaypoints_Click() {
     ChangeMode(tabWaypoint);
 }
@@ -240,12 +235,30 @@ void frmWaypointSettings::optStart_Click() {
 }
 
 void frmWaypointSettings::ChangeMode(const QWidget* front) {
-    frmWaypoint& view = viewHost.mapView();
-    view.curpoint = NoSelection;
+    ClearSelection();
     for (QWidget* panel : {tabSpawnPoints, tabObjects, tabWaypoint}) {
         panel->setVisible(panel == front);
     }
-    view.PaintPoints();
+    PaintPoints();
+}
+
+void frmWaypointSettings::ClearSelection() {
+    if (frmWaypoint* view = mapView_.Existing()) {
+        view->curpoint = NoSelection;
+    }
+}
+
+void frmWaypointSettings::PaintPoints() {
+    if (frmWaypoint* view = mapView_.Existing()) {
+        view->PaintPoints();
+    }
+}
+
+// The selection where it is one of the mode, which must be the current one: the controls of a panel
+// that is not in front change nothing.
+int frmWaypointSettings::SelectedIn(EditingMode mode) const {
+    const frmWaypoint* view = mapView_.Existing();
+    return view != nullptr && Mode() == mode ? view->curpoint : NoSelection;
 }
 
 void frmWaypointSettings::ShowWaypoint(int index) {
@@ -264,11 +277,10 @@ WaypointChoices frmWaypointSettings::Choices() const {
 }
 
 void frmWaypointSettings::chkReload_Click() {
-    frmWaypoint& view = viewHost.mapView();
-    WaypointRec* waypoint = SelectedRecord(mdlEdit.WayPoints, mdlEdit.NumWayPoints, view.curpoint);
-    if (Mode() == EditingMode::Waypoints && waypoint != nullptr) {
+    if (WaypointRec* waypoint = SelectedRecord(mdlEdit.WayPoints, mdlEdit.NumWayPoints,
+                                               SelectedIn(EditingMode::Waypoints))) {
         waypoint->Flags = Choices().reload ? ReloadWaypoint : std::int16_t{0};
-        view.PaintPoints();
+        PaintPoints();
     }
 }
 
@@ -304,15 +316,13 @@ ItemRec frmWaypointSettings::ShownItem() const {
 
 // Null when nothing is selected that the item fields could change.
 ItemRec* frmWaypointSettings::SelectedItem() const {
-    return Mode() == EditingMode::Items
-               ? SelectedRecord(mdlEdit.Items, mdlEdit.NumItems, viewHost.mapView().curpoint)
-               : nullptr;
+    return SelectedRecord(mdlEdit.Items, mdlEdit.NumItems, SelectedIn(EditingMode::Items));
 }
 
 void frmWaypointSettings::txtName_Change() {
     if (ItemRec* item = SelectedItem()) {
         item->Name = txtName->text();
-        viewHost.mapView().PaintPoints();
+        PaintPoints();
     }
 }
 
@@ -321,14 +331,14 @@ void frmWaypointSettings::cmbType_Click() {
     ItemRec* item = SelectedItem();
     if (item != nullptr && cmbType->currentIndex() >= 0) {
         item->Type = static_cast<std::int16_t>(cmbType->currentIndex());
-        viewHost.mapView().PaintPoints();
+        PaintPoints();
     }
 }
 
 void frmWaypointSettings::WriteItemNumber(std::int16_t ItemRec::*field, const QLineEdit& text) {
     if (ItemRec* item = SelectedItem()) {
         item->*field = FieldNumber(text);
-        viewHost.mapView().PaintPoints();
+        PaintPoints();
     }
 }
 

@@ -7,6 +7,7 @@
 #include "model/EditingMode.h"
 #include "model/mdlEdit.h"
 #include "windows/MdiForm.h"
+#include "windows/OnceForm.h"
 #include "windows/QuietControls.h"
 
 #include <array>
@@ -21,21 +22,25 @@ class QRadioButton;
 
 namespace editor {
 
+class frmWaypoint;
+
 /// The tool window beside the map view, caption "Entity settings": the switch of the editing mode
 /// and, for each mode, a panel of which only the current one can be seen. It holds no data: a
 /// control writes straight into the selected entity, or is read when an entity is made.
 ///
-/// A window that is made anew counts as a change of the mode and clears the view's selection.
+/// A window that is made anew counts as a change of the mode: it clears the view's selection and
+/// repaints the view.
 class frmWaypointSettings : public MdiForm {
     Q_OBJECT
 
   public:
-    explicit frmWaypointSettings(QMdiArea& area);
+    /// The mode of a window that is made anew.
+    static constexpr EditingMode InitialMode = EditingMode::StartPoints;
+
+    /// `mapView` has the view, if there is one, whose selection the window changes and is about.
+    frmWaypointSettings(QMdiArea& area, const OnceForm<frmWaypoint>& mapView);
 
     [[nodiscard]] EditingMode Mode() const;
-
-    /// True once: the view does not show yet that this window was made anew.
-    [[nodiscard]] bool TakeUnpainted();
 
     /// The caption of the waypoint frame and the reload box for the waypoint `index`, which is one
     /// of the table; the caption alone for NoSelection.
@@ -72,6 +77,9 @@ class frmWaypointSettings : public MdiForm {
     void ConnectHandlers();
 
     void ChangeMode(const QWidget* front);
+    void ClearSelection();
+    void PaintPoints();
+    [[nodiscard]] int SelectedIn(EditingMode mode) const;
     [[nodiscard]] ItemRec* SelectedItem() const;
     void WriteItemNumber(std::int16_t ItemRec::*field, const QLineEdit& text);
 
@@ -98,7 +106,7 @@ class frmWaypointSettings : public MdiForm {
     QLineEdit* txtGravity = nullptr;
 
     QuietControls quietControls_;
-    bool unpainted_ = true;
+    const OnceForm<frmWaypoint>& mapView_;
 };
 
 } // namespace editor

@@ -10,8 +10,6 @@
 #include "pictures/BitmapFile.h"
 #include "pictures/DrawingSurface.h"
 #include "png/cPNG.h"
-#include "view/ViewHost.h"
-#include "view/frmWaypoint.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -37,31 +35,14 @@ void LoadPicture(const QString& name, Picture& target) {
     target = LoadBitmap(*file, MaximumPictureSide);
 }
 
-// Every error raised while something is loaded makes it a failed load and nothing else.
-template <class Load>
-bool Succeeds(Load load) {
+// Every error raised while a picture is loaded makes it a failed load and nothing else.
+bool Loads(const QString& name, Picture& target) {
     try {
-        load();
+        LoadPicture(name, target);
         return true;
     } catch (const std::exception&) {
         return false;
     }
-}
-
-void ShowLevel() {
-    mdlEdit.GraphicsLoaded = true;
-    mdlEdit.LevelWidth = RoundTo<std::int16_t>(mdlEdit.LevelPicture.width());
-    mdlEdit.LevelHeight = RoundTo<std::int16_t>(mdlEdit.LevelPicture.height());
-    frmWaypoint& view = viewHost.mapView();
-    view.show();
-    viewHost.showEntitySettings();
-    viewHost.checkLevelItems(true);
-    view.curpoint = -1;
-    viewHost.resetWaypointCaption();
-    SizeView(view);
-    DrawLevelPicture(view);
-    view.PaintPoints();
-    view.TakeKeyboard();
 }
 
 std::uint32_t BigEndian(QByteArrayView bytes) {
@@ -90,19 +71,16 @@ void RefuseOversizedPng(const QString& path) {
 
 } // namespace
 
-void LoadGraphics() {
-    if (mdlEdit.LevelFile.isEmpty() || mdlEdit.MaterialFile.isEmpty() ||
-        mdlEdit.BackFile.isEmpty()) {
-        return;
+bool LoadPictures() {
+    const bool level = Loads(mdlEdit.LevelFile, mdlEdit.LevelPicture);
+    const bool back = Loads(mdlEdit.BackFile, mdlEdit.BackPicture);
+    const bool material = Loads(mdlEdit.MaterialFile, mdlEdit.MaterialPicture);
+    mdlEdit.GraphicsLoaded = level && back && material;
+    if (mdlEdit.GraphicsLoaded) {
+        mdlEdit.LevelWidth = RoundTo<std::int16_t>(mdlEdit.LevelPicture.width());
+        mdlEdit.LevelHeight = RoundTo<std::int16_t>(mdlEdit.LevelPicture.height());
     }
-    viewHost.setBusyPointer(true);
-    const bool level = Succeeds([] { LoadPicture(mdlEdit.LevelFile, mdlEdit.LevelPicture); });
-    const bool back = Succeeds([] { LoadPicture(mdlEdit.BackFile, mdlEdit.BackPicture); });
-    const bool material =
-        Succeeds([] { LoadPicture(mdlEdit.MaterialFile, mdlEdit.MaterialPicture); });
-    mdlEdit.GraphicsLoaded = level && back && material && Succeeds(ShowLevel);
-    viewHost.SetMenus();
-    viewHost.setBusyPointer(false);
+    return mdlEdit.GraphicsLoaded;
 }
 
 void LoadPNGPicture(const QString& path, Picture& target) {
@@ -114,21 +92,6 @@ void LoadPNGPicture(const QString& path, Picture& target) {
     DrawingSurface picTemp(PNGDecoder.Width(), PNGDecoder.Height());
     PNGDecoder.DrawToDC(picTemp, 0, 0);
     target = Picture(std::move(picTemp));
-}
-
-void DrawLevelPicture(frmWaypoint& view) {
-    if (mdlEdit.GraphicsLoaded) {
-        view.Image().SetBackground(mdlEdit.LevelPicture, view.ClientSize());
-    }
-}
-
-void SizeView(frmWaypoint& view) {
-    const auto outer = [](std::int16_t levelSize, std::int16_t added) {
-        return RoundTo<std::int32_t>(mdlEdit.Zoom * static_cast<float>(levelSize) +
-                                     static_cast<float>(added));
-    };
-    view.resize(outer(mdlEdit.LevelWidth, view.addwidth),
-                outer(mdlEdit.LevelHeight, view.addheight));
 }
 
 } // namespace editor

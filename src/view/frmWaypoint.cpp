@@ -5,21 +5,16 @@
 
 #include "model/Rounding.h"
 #include "model/mdlEdit.h"
-#include "view/LevelGraphics.h"
+#include "painting/Canvas.h"
 #include "view/PaintPoints.h"
-#include "view/ViewHost.h"
+#include "view/Zoom.h"
 
 #include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMdiArea>
 #include <QMouseEvent>
-#include <QPaintEvent>
-#include <QPainter>
-#include <QtMath>
 
-#include <algorithm>
-#include <cmath>
-#include <vector>
+#include <utility>
 
 namespace editor {
 namespace {
@@ -35,12 +30,11 @@ int ButtonMask(Qt::MouseButtons buttons) {
 
 } // namespace
 
-/// The view's client area.
-class frmWaypoint::Canvas : public QWidget {
+/// The view's client area, which passes the mouse and the keys on as the view's signals.
+class frmWaypoint::LevelCanvas : public Canvas {
   public:
-    explicit Canvas(frmWaypoint& form) : form_(form) {
-        QAccessible::installFactory(&Canvas::Accessible); // before it is asked for, by the name
-        setAttribute(Qt::WA_OpaquePaintEvent);
+    explicit LevelCanvas(frmWaypoint& form) : form_(form) {
+        QAccessible::installFactory(&LevelCanvas::Accessible); // before its name asks for it
         setFocusPolicy(Qt::StrongFocus);
         setMouseTracking(true);
         setAccessibleName(QStringLiteral("Level picture"));
@@ -49,38 +43,7 @@ class frmWaypoint::Canvas : public QWidget {
                            "keypad zoom, DEL deletes what is selected."));
     }
 
-    // Has `changed` painted again. With an odd scale the system's rounding lets gaps come up
-    // between the rectangles of a region, and its edge may run through a pixel that changed.
-    void UpdatePart(const QRegion& changed) {
-        const qreal scale = devicePixelRatioF();
-        if (scale == std::floor(scale)) {
-            update(changed);
-        } else if (!changed.isEmpty()) {
-            update(Widened(changed.boundingRect()));
-        }
-    }
-
   protected:
-    // Only the exposed rectangles are worked out, band by band, into buffers that are kept: new
-    // ones for each frame would cost more than the painting.
-    void paintEvent(QPaintEvent* event) override {
-        QPainter painter(this);
-        const qreal scale = devicePixelRatioF();
-        for (const QRect& exposed : event->region()) {
-            for (int top = exposed.top(); top <= exposed.bottom();
-                 top += PersistentImage::BandHeight) {
-                const QRect band = exposed & QRect(exposed.left(), top, exposed.width(),
-                                                   PersistentImage::BandHeight);
-                if (scale == 1) {
-                    painter.drawImage(band.topLeft(), Painted(band),
-                                      QRect(QPoint(0, 0), band.size()));
-                } else {
-                    PaintScaled(painter, Widened(band) & rect(), scale);
-                }
-            }
-        }
-    }
-
     void mousePressEvent(QMouseEvent* event) override {
         Report(&frmWaypoint::MouseDown, event, event->button());
     }
@@ -93,86 +56,30 @@ class frmWaypoint::Canvas : public QWidget {
     }
 
     void keyPressEvent(QKeyEvent* event) override {
-        Q_EMIT form_.KeyDown(event->key(), event->modifiers().testFlag(Qt::KeypadModifier));
+        Q_EMIT form_.KeyDown(form_, event->key(), event->modifiers().testFlag(Qt::KeypadModifier));
     }
 
   private:
-    // To assistive programs a widget without a role of its own is mere filling.
+    // To assistive technology a widget without a role of its own is a mere container.
     static QAccessibleInterface* Accessible(const QString&, QObject* object) {
-        auto* canvas = dynamic_cast<Canvas*>(object);
+        auto* canvas = dynamic_cast<LevelCanvas*>(object);
         return canvas != nullptr ? new QAccessibleWidget(canvas, QAccessible::Canvas) : nullptr;
     }
 
-    static QRect Widened(const QRect& part) { return part.adjusted(-2, -2, 2, 2); }
-
-    // Makes a buffer at least `size` large. It only grows.
-    static void Enlarge(QImage& buffer, const QSize& size) {
-        if (buffer.width() < size.width() || buffer.height() < size.height()) {
-            buffer = QImage(size.expandedTo(buffer.size()), QImage::Format_RGB32);
-        }
-    }
-
-    static std::uint32_t* Row(QImage& buffer, int y) {
-        return reinterpret_cast<std::uint32_t*>(buffer.scanLine(y));
-    }
-
-    // The pixels of `exposed` in the top left corner of a buffer.
-    const QImage& Painted(const QRect& exposed) {
-        Enlarge(buffer_, exposed.size());
-        form_.image_.Paint(Row(buffer_, 0),
-                           buffer_.bytesPerLine() / qsizetype{sizeof(std::uint32_t)}, exposed);
-        return buffer_;
-    }
-
-    // On a scaled screen each device pixel shows the view pixel in which its centre lies. That
-    // depends on where it is on the window alone, so that no seam shows between two paintings.
-    void PaintScaled(QPainter& painter, const QRect& exposed, qreal scale) {
-        const QPoint origin = mapTo(window(), QPoint(0, 0));
-        const auto firstDevice = [scale](int view) { return qCeil(view * scale - 0.5); };
-        const auto viewPixel = [scale](int device) { return qFloor((device + 0.5) / scale); };
-        const QRect onWindow = exposed.translated(origin);
-        const QPoint first(firstDevice(onWindow.left()), firstDevice(onWindow.top()));
-        const QPoint end(firstDevice(onWindow.right() + 1), firstDevice(onWindow.bottom() + 1));
-        const QSize size(end.x() - first.x(), end.y() - first.y());
-        if (size.isEmpty()) {
-            return;
-        }
-        static_cast<void>(Painted(exposed));
-        Enlarge(scaled_, size);
-        columns_.resize(static_cast<std::size_t>(size.width()));
-        for (int x = 0; x < size.width(); ++x) {
-            const int viewX = viewPixel(first.x() + x) - onWindow.left();
-            columns_[static_cast<std::size_t>(x)] = std::clamp(viewX, 0, exposed.width() - 1);
-        }
-        for (int y = 0; y < size.height(); ++y) {
-            const int viewY = viewPixel(first.y() + y) - onWindow.top();
-            const std::uint32_t* source = Row(buffer_, std::clamp(viewY, 0, exposed.height() - 1));
-            std::transform(columns_.begin(), columns_.end(), Row(scaled_, y),
-                           [source](int column) { return source[column]; });
-        }
-        // An image of the screen's own scale is drawn pixel by pixel.
-        QImage drawn(scaled_.constBits(), size.width(), size.height(), scaled_.bytesPerLine(),
-                     scaled_.format());
-        drawn.setDevicePixelRatio(scale);
-        painter.drawImage(QPointF(first) / scale - origin, drawn);
-    }
-
-    void Report(void (frmWaypoint::*signal)(int, float, float), QMouseEvent* event,
+    void Report(void (frmWaypoint::*signal)(frmWaypoint&, int, float, float), QMouseEvent* event,
                 Qt::MouseButtons buttons) {
         const QPointF position = event->position();
         Q_EMIT(form_.*signal)
-        (ButtonMask(buttons), static_cast<float>(position.x()), static_cast<float>(position.y()));
+        (form_, ButtonMask(buttons), static_cast<float>(position.x()),
+         static_cast<float>(position.y()));
     }
 
     frmWaypoint& form_;
-    QImage buffer_;
-    QImage scaled_;
-    std::vector<int> columns_; // of buffer_ behind those of scaled_
 };
 
-frmWaypoint::frmWaypoint(QMdiArea& area)
-    : MdiForm(area, QStringLiteral("Entities"), new Canvas(*this)),
-      canvas_(static_cast<Canvas*>(widget())) {
+frmWaypoint::frmWaypoint(QMdiArea& area, std::function<EditingMode()> shownMode)
+    : MdiForm(area, QStringLiteral("Entities"), new LevelCanvas(*this)),
+      shownMode_(std::move(shownMode)), canvas_(static_cast<Canvas*>(widget())) {
     Form_Load();
 }
 
@@ -183,10 +90,9 @@ void frmWaypoint::Form_Load() {
 }
 
 void frmWaypoint::Init() {
-    curpoint = -1;
-    viewHost.showEntitySettings();
+    curpoint = NoSelection;
     SizeView(*this);
-    if (!image_.HasBackground()) {
+    if (!Image().HasBackground()) {
         DrawLevelPicture(*this);
     }
     PaintPoints();
@@ -200,24 +106,17 @@ void frmWaypoint::TakeKeyboard() {
 }
 
 void frmWaypoint::PaintPoints() {
-    // Before the selection is read: asking for the mode may change it.
-    const EditingMode mode = viewHost.editingMode();
-    PaintEntities(image_, mdlEdit, mode, curpoint);
-    UpdateChanges();
+    PaintEntities(Image(), mdlEdit, shownMode_(), curpoint);
+    canvas_->UpdateChanges();
 }
 
 void frmWaypoint::DrawRubberBand(float x1, float y1, float x2, float y2) {
-    image_.Line(ViewPixel(x1, y1), ViewPixel(x2, y2), ForegroundColour);
-    UpdateChanges();
+    Image().Line(ViewPixel(x1, y1), ViewPixel(x2, y2), ForegroundColour);
+    canvas_->UpdateChanges();
 }
 
-void frmWaypoint::UpdateChanges() {
-    canvas_->UpdatePart(image_.TakeChanges(canvas_->visibleRegion().boundingRect()));
-}
-
-void frmWaypoint::Form_QueryUnload() {
-    viewHost.hideEntitySettings();
-    viewHost.checkLevelItems(false);
+PersistentImage& frmWaypoint::Image() {
+    return canvas_->Image();
 }
 
 } // namespace editor

@@ -3,12 +3,16 @@
 
 #pragma once
 
+#include "model/EditingMode.h"
 #include "painting/PersistentImage.h"
 #include "windows/MdiForm.h"
 
 #include <cstdint>
+#include <functional>
 
 namespace editor {
+
+class Canvas;
 
 /// Mouse buttons as a bit mask.
 enum MouseButtons : int { NoButton = 0, LeftButton = 1, RightButton = 2, MiddleButton = 4 };
@@ -20,15 +24,18 @@ class frmWaypoint : public MdiForm {
     Q_OBJECT
 
   public:
-    explicit frmWaypoint(QMdiArea& area);
+    /// `shownMode` tells the editing mode whose entities are to be seen. It is asked at every
+    /// repaint and changes nothing.
+    frmWaypoint(QMdiArea& area, std::function<EditingMode()> shownMode);
 
-    /// The selection: an index into the table of the current editing mode, -1 for none.
-    std::int16_t curpoint = -1;
+    /// The selection: an index into the table of the current editing mode, or NoSelection.
+    std::int16_t curpoint = NoSelection;
     // Outer size minus client size in pixels, measured when the view is made.
     std::int16_t addwidth = 0;
     std::int16_t addheight = 0;
 
-    /// Clears the selection, shows the entity settings, and sizes and repaints the view.
+    /// Clears the selection, sizes and repaints the view, and gives it the keyboard. The entity
+    /// settings are to be shown before.
     void Init();
 
     /// Repaints the entities of the current mode over the background.
@@ -44,31 +51,25 @@ class frmWaypoint : public MdiForm {
     /// The view's client area in pixels.
     [[nodiscard]] QSize ClientSize() const { return widget()->size(); }
 
-    [[nodiscard]] PersistentImage& Image() { return image_; }
-
-    /// Has what changed in the image painted before the next event.
-    void UpdateChanges();
+    [[nodiscard]] PersistentImage& Image();
 
   Q_SIGNALS:
     // Positions are view pixels and may have fractions on scaled screens. A press or release
     // names the one button that changed, a move all buttons that are held. A second press within
     // the double-click time is a press like any other.
-    void MouseDown(int button, float x, float y);
-    void MouseMove(int buttons, float x, float y);
-    void MouseUp(int button, float x, float y);
+    void MouseDown(frmWaypoint& view, int button, float x, float y);
+    void MouseMove(frmWaypoint& view, int buttons, float x, float y);
+    void MouseUp(frmWaypoint& view, int button, float x, float y);
     /// `key` is a Qt::Key, `keypad` tells whether it lies on the numeric keypad.
-    void KeyDown(int key, bool keypad);
-
-  protected:
-    void Form_QueryUnload() override;
+    void KeyDown(frmWaypoint& view, int key, bool keypad);
 
   private:
-    class Canvas;
+    class LevelCanvas;
 
     void Form_Load();
 
+    std::function<EditingMode()> shownMode_;
     Canvas* canvas_;
-    PersistentImage image_;
 };
 
 } // namespace editor

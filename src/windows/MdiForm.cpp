@@ -36,7 +36,6 @@ void MdiForm::FixClientSize(const QSize& size) {
 }
 
 void MdiForm::closeEvent(QCloseEvent* event) {
-    Form_QueryUnload();
     event->accept();
     Q_EMIT Closed();
 }

@@ -33,9 +33,6 @@ class MdiForm : public QMdiSubWindow {
     void Resized();
 
   protected:
-    /// What the form does at the end, before Closed().
-    virtual void Form_QueryUnload() {}
-
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

@@ -20,7 +20,7 @@ class OnceForm {
     explicit OnceForm(std::function<Form*()> create) : create_(std::move(create)) {}
 
     /// The window, made now when there is none.
-    [[nodiscard]] Form& operator()() {
+    Form& Use() {
         if (form_.isNull()) {
             Form* made = create_();
             form_ = made;

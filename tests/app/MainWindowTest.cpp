@@ -45,15 +45,15 @@ class MainWindow : public test::EditorFixture {
         answer = folders.contains(object) ? folders[object].Path() : QString();
         if (verb == u"close") {
             (object == u"view"       ? static_cast<QWidget&>(view())
-             : object == u"settings" ? static_cast<QWidget&>(main->levelSettings())
+             : object == u"settings" ? static_cast<QWidget&>(main->levelSettings.Use())
                                      : settings())
                 .close();
         } else if (verb == u"accept") {
             mdlEdit.LevelPath = good.Path();
-            In(main->levelSettings(), u"txtBG"_s).setText(u"b.png"_s);
-            In(main->levelSettings(), u"txtMat"_s).setText(u"b.png"_s);
-            In(main->levelSettings(), u"txtLev"_s).setText(object == u"nothing" ? u""_s : object);
-            In<QPushButton>(main->levelSettings(), u"cmdOK"_s).click();
+            In(main->levelSettings.Use(), u"txtBG"_s).setText(u"b.png"_s);
+            In(main->levelSettings.Use(), u"txtMat"_s).setText(u"b.png"_s);
+            In(main->levelSettings.Use(), u"txtLev"_s).setText(object == u"nothing" ? u""_s : object);
+            In<QPushButton>(main->levelSettings.Use(), u"cmdOK"_s).click();
         } else {
             Type(verb);
         }
@@ -129,7 +129,7 @@ TEST_F(MainWindow, NewKeepsTheSettingsAndEmptiesTheTables) {
     EXPECT_EQ(mdlEdit.NumItems + mdlEdit.NumStartPoints + mdlEdit.NumWayPoints, 0);
     EXPECT_EQ(QSize(mdlEdit.LevelWidth, mdlEdit.LevelHeight), QSize(-1, -1));
     EXPECT_EQ(mdlEdit.LevelFile + QString::number(mdlEdit.KickerForce), u"l.png7"_s);
-    EXPECT_EQ(In(main->levelSettings(), u"txtJumper"_s).text(), u"1000"_s); // shown without Init
+    EXPECT_EQ(In(main->levelSettings.Use(), u"txtJumper"_s).text(), u"1000"_s); // shown without Init
     EXPECT_EQ(asked.last(), u"Please select the destination folder"_s);
     EXPECT_EQ(asked.first(), u"Please select the level folder"_s);
 }

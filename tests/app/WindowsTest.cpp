@@ -56,8 +56,8 @@ class Windows : public test::EditorFixture {
 TEST_F(Windows, ClipNoCaption) {
     settings().show();
     ExpectNoCaptionIsClipped(*settings().widget(), 25);
-    main->levelSettings().show();
-    ExpectNoCaptionIsClipped(*main->levelSettings().widget(), 12);
+    main->levelSettings.Use().show();
+    ExpectNoCaptionIsClipped(*main->levelSettings.Use().widget(), 12);
 }
 
 TEST_F(Windows, TabGoesInReadingOrderAndEnterEscAndAPassingWheelDoNothing) {
@@ -76,13 +76,13 @@ TEST_F(Windows, TabGoesInReadingOrderAndEnterEscAndAPassingWheelDoNothing) {
         EXPECT_EQ(cmbType.currentIndex(), index);
         cmbType.setFocus();
     }
-    main->levelSettings().show();
-    EXPECT_EQ(Tabbed(In(main->levelSettings(), u"txtBG"_s)),
+    main->levelSettings.Use().show();
+    EXPECT_EQ(Tabbed(In(main->levelSettings.Use(), u"txtBG"_s)),
               "txtBG cmdBG txtLev cmdLev txtMat cmdMat txtJumper txtKicker cmdOK txtPar cmdPar "
               "chkParallax ");
-    EXPECT_TRUE(main->levelSettings().isVisible() && asked.isEmpty());
-    QTest::keyClick(&In<QWidget>(main->levelSettings(), u"cmdOK"_s), Qt::Key_Space);
-    EXPECT_FALSE(main->levelSettings().isVisible());
+    EXPECT_TRUE(main->levelSettings.Use().isVisible() && asked.isEmpty());
+    QTest::keyClick(&In<QWidget>(main->levelSettings.Use(), u"cmdOK"_s), Qt::Key_Space);
+    EXPECT_FALSE(main->levelSettings.Use().isVisible());
 }
 
 TEST_F(Windows, TheAboutBoxShowsTheVersionEachTimeAndClosesByEnterAndEsc) {

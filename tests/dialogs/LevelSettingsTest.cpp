@@ -12,8 +12,8 @@ class LevelDialog : public test::EditorFixture {
   protected:
     ~LevelDialog() override { QDir::setCurrent(QDir::rootPath()); }
 
-    QLineEdit& Box(const QString& name) { return In(main->levelSettings(), name); }
-    void Click(const QString& name) { In<QPushButton>(main->levelSettings(), name).click(); }
+    QLineEdit& Box(const QString& name) { return In(main->levelSettings.Use(), name); }
+    void Click(const QString& name) { In<QPushButton>(main->levelSettings.Use(), name).click(); }
 };
 
 auto Settings(auto& model) {
@@ -26,7 +26,7 @@ TEST_F(LevelDialog, AcceptGivesBackWhatInitShows) {
     Settings(model) =
         std::tuple(u"gfx\\1.png"_s, u"m.bmp"_s, u"\u00e4.png"_s, u"p"_s, true, -2147483647, 7);
     mdlEdit = model;
-    main->levelSettings().Init();
+    main->levelSettings.Use().Init();
     mdlEdit = {};
     Click(u"cmdOK"_s);
     EXPECT_EQ(Settings(mdlEdit), Settings(model));
@@ -41,7 +41,7 @@ TEST_F(LevelDialog, ForcesAreRoundedToEvenAndClamped) {
         EXPECT_EQ(mdlEdit.JumperForce, force);
         EXPECT_EQ(mdlEdit.KickerForce, force == INT32_MAX ? INT32_MIN : -force);
     }
-    main->levelSettings().close();
+    main->levelSettings.Use().close();
     EXPECT_EQ(Box(u"txtJumper"_s).text() + Box(u"txtKicker"_s).text(), u"100043000"_s);
 }
 

@@ -6,7 +6,6 @@
 
 #include "support/EditorFixture.h"
 #include "support/Models.h"
-#include "view/ViewHost.h"
 
 #include <iostream>
 #include <random>
@@ -95,7 +94,7 @@ class Monkey : public test::EditorFixture {
         ASSERT_TRUE(mdlEdit.NumWayPoints >= 0 && mdlEdit.NumWayPoints <= MaxWayPoints);
         ASSERT_TRUE(mdlEdit.NumItems >= 0 && mdlEdit.NumItems <= MaxItems);
         ASSERT_TRUE(mdlEdit.NumStartPoints >= 0 && mdlEdit.NumStartPoints <= MaxStartPoints);
-        const EditingMode mode = viewHost.editingMode();
+        const EditingMode mode = settings().Mode();
         const int count = mode == EditingMode::Waypoints ? mdlEdit.NumWayPoints
                           : mode == EditingMode::Items   ? mdlEdit.NumItems
                                                          : mdlEdit.NumStartPoints;

@@ -68,8 +68,8 @@ class EditorFixture : public testing::Test {
         Type(u"Ctrl+O"_s);
     }
 
-    frmWaypoint& view() { return main->mapView(); }
-    frmWaypointSettings& settings() { return main->entitySettings(); }
+    frmWaypoint& view() { return main->mapView.Use(); }
+    frmWaypointSettings& settings() { return main->entitySettings.Use(); }
 
     /// A control of a window.
     template <class Control = QLineEdit>

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
+#include "view/Zoom.h"
+
+#include "model/Rounding.h"
+#include "model/mdlEdit.h"
+#include "view/frmWaypoint.h"
+
+#include <algorithm>
+
+namespace editor {
+
+float LargerZoom(float zoom) {
+    const auto* larger = std::upper_bound(ZoomSteps.begin(), ZoomSteps.end(), zoom);
+    return larger == ZoomSteps.end() ? zoom : *larger;
+}
+
+float SmallerZoom(float zoom) {
+    const auto* same = std::lower_bound(ZoomSteps.begin(), ZoomSteps.end(), zoom);
+    return same == ZoomSteps.begin() ? zoom : *(same - 1);
+}
+
+void SizeView(frmWaypoint& view) {
+    const auto outer = [](std::int16_t levelSize, std::int16_t added) {
+        return RoundTo<std::int32_t>(mdlEdit.Zoom * static_cast<float>(levelSize) +
+                                     static_cast<float>(added));
+    };
+    view.resize(outer(mdlEdit.LevelWidth, view.addwidth),
+                outer(mdlEdit.LevelHeight, view.addheight));
+}
+
+void DrawLevelPicture(frmWaypoint& view) {
+    if (mdlEdit.GraphicsLoaded) {
+        view.Image().SetBackground(mdlEdit.LevelPicture, view.ClientSize());
+    }
+}
+
+void SetZoom(frmWaypoint& view, float zoom) {
+    mdlEdit.Zoom = zoom;
+    SizeView(view);
+    DrawLevelPicture(view);
+    view.PaintPoints();
+    view.widget()->repaint();
+}
+
+} // namespace editor
