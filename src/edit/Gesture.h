@@ -3,13 +3,12 @@
 
 #pragma once
 
+#include "edit/HitTest.h"
 #include "model/EditingMode.h"
+#include "model/Table.h"
 
 #include <QString>
 
-#include <algorithm>
-#include <array>
-#include <cstddef>
 #include <cstdint>
 
 namespace editor {
@@ -20,47 +19,48 @@ struct GestureResult {
     QString message = {}; // what a person must be told; empty: nothing
 };
 
-/// The refusal of a creation: nothing was changed. `things` names the table.
-[[nodiscard]] inline GestureResult TableFull(const QString& things, std::size_t capacity) {
-    return {.message =
-                QStringLiteral("Maximum number of %1 reached (%2)").arg(things).arg(capacity)};
-}
+// What the gestures of all three tables have in common.
 
-// The tables are dense: the first `count` records are in use. A count below 0, which a file may
-// hold, counts as 0, and a selection outside the records in use as none.
-
-/// The selected record, or null.
-template <class Record, std::size_t Capacity>
-[[nodiscard]] Record* SelectedRecord(std::array<Record, Capacity>& table, int count, int curpoint) {
-    return curpoint >= 0 && curpoint < count ? &table[static_cast<std::size_t>(curpoint)] : nullptr;
-}
-
-/// Takes the first free record into use and selects it. It holds what it held before. Null when
-/// the table is full; nothing is changed then.
-template <class Record, std::size_t Capacity, class Count>
-[[nodiscard]] Record* AddSelected(std::array<Record, Capacity>& table, Count& count,
-                                  std::int16_t& curpoint) {
-    const auto added = static_cast<std::size_t>(std::max<Count>(count, 0));
-    if (added >= Capacity) {
-        return nullptr;
-    }
-    curpoint = static_cast<std::int16_t>(added);
-    count = static_cast<Count>(added + 1);
-    return &table[added];
-}
-
-/// Puts the last record into the place of the selected one and selects nothing. Returns false when
-/// nothing was selected.
-template <class Record, std::size_t Capacity, class Count>
-bool RemoveSelected(std::array<Record, Capacity>& table, Count& count, std::int16_t& curpoint) {
-    Record* removed = SelectedRecord(table, count, curpoint);
-    if (removed == nullptr) {
-        return false;
-    }
-    --count;
-    *removed = table[static_cast<std::size_t>(count)];
+/// Selects the entity of the highest index that is hit, or none. `show` is called at every hit,
+/// one after the other, when `curpoint` is set to it.
+template <class Record, class Count, class Show>
+void SelectLastHit(const Table<Record, Count>& table, std::int16_t& curpoint,
+                   const LevelPoint& point, Show show) {
     curpoint = NoSelection;
-    return true;
+    for (int i = 0; i < table.Size(); ++i) {
+        if (IsHit(point, table[i])) {
+            curpoint = static_cast<std::int16_t>(i);
+            show(i);
+        }
+    }
+}
+
+/// The entity of the lowest index that is hit, or NoSelection.
+template <class Record, class Count>
+[[nodiscard]] std::int16_t FirstHit(const Table<Record, Count>& table, const LevelPoint& point) {
+    for (int i = 0; i < table.Size(); ++i) {
+        if (IsHit(point, table[i])) {
+            return static_cast<std::int16_t>(i);
+        }
+    }
+    return NoSelection;
+}
+
+/// Creates an entity at the pointer, whatever lies there, and selects it. `fill` sets what else it
+/// needs: its record holds leftovers. Refuses when the table is full; nothing is changed then.
+template <class Record, class Count, class Fill>
+[[nodiscard]] GestureResult CreateEntity(const Table<Record, Count>& table, std::int16_t& curpoint,
+                                         const LevelPoint& point, Fill fill) {
+    Record* created = table.Add();
+    if (created == nullptr) {
+        return {.message = QStringLiteral("Maximum number of %1 reached (%2)")
+                               .arg(table.Things())
+                               .arg(table.Capacity())};
+    }
+    fill(*created);
+    MoveTo(*created, point);
+    curpoint = static_cast<std::int16_t>(table.Size() - 1);
+    return {.repaint = true};
 }
 
 } // namespace editor

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "model/Rounding.h"
+#include "model/mdlEdit.h"
 
 #include <cmath>
 #include <cstdint>
@@ -24,14 +25,19 @@ inline constexpr float HitReach = 4;
     return {viewX / zoom, viewY / zoom};
 }
 
-[[nodiscard]] inline bool IsHit(const LevelPoint& point, std::int16_t x, std::int16_t y) {
+template <class Record>
+[[nodiscard]] bool IsHit(const LevelPoint& point, const Record& entity) {
+    const auto& [x, y] = PositionOf(entity);
     return std::fabs(point.x - static_cast<float>(x)) < HitReach &&
            std::fabs(point.y - static_cast<float>(y)) < HitReach;
 }
 
-/// A coordinate as the records hold it: the nearest integer, halves to even, clamped to 16 bits.
-[[nodiscard]] inline std::int16_t ToPosition(float coordinate) {
-    return RoundTo<std::int16_t>(coordinate);
+/// Each coordinate goes to the nearest integer, halves to even, clamped to 16 bits.
+template <class Record>
+void MoveTo(Record& entity, const LevelPoint& point) {
+    const auto& [x, y] = PositionOf(entity);
+    x = RoundTo<std::int16_t>(point.x);
+    y = RoundTo<std::int16_t>(point.y);
 }
 
 } // namespace editor

@@ -3,10 +3,9 @@
 
 #include "edit/ViewEvents.h"
 
+#include "edit/EntityGestures.h"
 #include "edit/Gesture.h"
 #include "edit/HitTest.h"
-#include "edit/ItemGestures.h"
-#include "edit/StartPointGestures.h"
 #include "edit/WaypointGestures.h"
 #include "edit/frmWaypointSettings.h"
 #include "model/mdlEdit.h"
@@ -35,20 +34,6 @@ void Select(frmWaypointSettings& settings, std::int16_t& curpoint, const LevelPo
     }
 }
 
-GestureResult Move(EditingMode mode, int curpoint, const LevelPoint& point) {
-    switch (mode) {
-    case EditingMode::Waypoints:
-        return MoveWaypoint(mdlEdit, curpoint, point);
-    case EditingMode::Items:
-        return MoveItem(mdlEdit, curpoint, point);
-    case EditingMode::StartPoints:
-        return MoveStartPoint(mdlEdit, curpoint, point);
-    case EditingMode::None:
-        break;
-    }
-    return {};
-}
-
 GestureResult Create(const frmWaypointSettings& settings, std::int16_t& curpoint,
                      const LevelPoint& point) {
     switch (settings.Mode()) {
@@ -64,20 +49,6 @@ GestureResult Create(const frmWaypointSettings& settings, std::int16_t& curpoint
     return {.repaint = true};
 }
 
-GestureResult Delete(EditingMode mode, std::int16_t& curpoint) {
-    switch (mode) {
-    case EditingMode::Waypoints:
-        return DeleteWaypoint(mdlEdit, curpoint);
-    case EditingMode::Items:
-        return DeleteItem(mdlEdit, curpoint);
-    case EditingMode::StartPoints:
-        return DeleteStartPoint(mdlEdit, curpoint);
-    case EditingMode::None:
-        break;
-    }
-    return {};
-}
-
 void Finish(frmWaypoint& view, const GestureResult& result) {
     if (result.repaint) {
         view.PaintPoints();
@@ -90,7 +61,7 @@ void Finish(frmWaypoint& view, const GestureResult& result) {
 // From the selected waypoint to the pointer, with the pen that the repaint leaves.
 void DragLink(frmWaypoint& view, float pointerX, float pointerY) {
     view.PaintPoints();
-    if (const auto* from = SelectedRecord(mdlEdit.WayPoints, mdlEdit.NumWayPoints, view.curpoint)) {
+    if (const auto* from = mdlEdit.WayPointTable().Find(view.curpoint)) {
         view.DrawRubberBand(static_cast<float>(from->X) * mdlEdit.Zoom,
                             static_cast<float>(from->Y) * mdlEdit.Zoom, pointerX, pointerY);
     }
@@ -110,7 +81,7 @@ void Form_MouseMove(frmWaypoint& view, frmWaypointSettings& settings, int button
                     float y) {
     const EditingMode mode = settings.Mode();
     if (buttons == LeftButton) {
-        Finish(view, Move(mode, view.curpoint, ToLevel(x, y, mdlEdit.Zoom)));
+        Finish(view, MoveSelected(mdlEdit, mode, view.curpoint, ToLevel(x, y, mdlEdit.Zoom)));
     } else if (buttons == RightButton && mode == EditingMode::Waypoints) {
         DragLink(view, x, y);
     }
@@ -132,7 +103,7 @@ void Form_KeyDown(frmWaypoint& view, frmWaypointSettings& settings, int key, boo
         SetZoom(view, zoom);
     }
     if (key == Qt::Key_Delete) {
-        Finish(view, Delete(settings.Mode(), view.curpoint));
+        Finish(view, DeleteSelected(mdlEdit, settings.Mode(), view.curpoint));
     }
 }
 

@@ -7,11 +7,13 @@
 #include "edit/HitTest.h"
 #include "model/mdlEdit.h"
 
+#include <cstdint>
 #include <functional>
 
 namespace editor {
 
-// The gestures of waypoint mode. `curpoint` is the selection; outside the table it counts as none.
+// The gestures that only waypoints have. `curpoint` is the selection; outside the table it counts
+// as none.
 
 /// What the settings window gives to new waypoints and links.
 struct WaypointChoices {
@@ -26,17 +28,14 @@ struct WaypointChoices {
 void SelectWaypoint(const LevelModel& model, std::int16_t& curpoint, const LevelPoint& point,
                     const std::function<void(int index)>& show);
 
-/// Left drag: moves the selected waypoint.
-[[nodiscard]] GestureResult MoveWaypoint(LevelModel& model, int curpoint, const LevelPoint& point);
-
 /// Right release: links the selected waypoint to the one of the lowest index that is hit, or
 /// removes that link when it exists. Creates and selects a waypoint when none is selected or hit.
 [[nodiscard]] GestureResult LinkOrCreateWaypoint(LevelModel& model, std::int16_t& curpoint,
                                                  const LevelPoint& point,
                                                  const WaypointChoices& choices);
 
-/// DEL: removes the selected waypoint and every link to it; the last waypoint takes its place and
-/// the links to that one follow it.
-[[nodiscard]] GestureResult DeleteWaypoint(LevelModel& model, std::int16_t& curpoint);
+/// Mends the links after the waypoint `removed` was taken out of the table: those to it are
+/// removed, and those to the waypoint that was the last one and took its place lead to `removed`.
+void FixLinks(LevelModel& model, int removed);
 
 } // namespace editor

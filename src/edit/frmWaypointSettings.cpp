@@ -267,7 +267,7 @@ void frmWaypointSettings::ShowWaypoint(int index) {
         return;
     }
     fraWaypoint->setTitle(QStringLiteral("%1 %2").arg(Text(WaypointCaption)).arg(index));
-    const WaypointRec& waypoint = mdlEdit.WayPoints.at(static_cast<std::size_t>(index));
+    const WaypointRec& waypoint = mdlEdit.WayPointTable()[index];
     chkReload->setChecked((waypoint.Flags & ReloadWaypoint) != 0);
 }
 
@@ -277,8 +277,7 @@ WaypointChoices frmWaypointSettings::Choices() const {
 }
 
 void frmWaypointSettings::chkReload_Click() {
-    if (WaypointRec* waypoint = SelectedRecord(mdlEdit.WayPoints, mdlEdit.NumWayPoints,
-                                               SelectedIn(EditingMode::Waypoints))) {
+    if (WaypointRec* waypoint = mdlEdit.WayPointTable().Find(SelectedIn(EditingMode::Waypoints))) {
         waypoint->Flags = Choices().reload ? ReloadWaypoint : std::int16_t{0};
         PaintPoints();
     }
@@ -316,7 +315,7 @@ ItemRec frmWaypointSettings::ShownItem() const {
 
 // Null when nothing is selected that the item fields could change.
 ItemRec* frmWaypointSettings::SelectedItem() const {
-    return SelectedRecord(mdlEdit.Items, mdlEdit.NumItems, SelectedIn(EditingMode::Items));
+    return mdlEdit.ItemTable().Find(SelectedIn(EditingMode::Items));
 }
 
 void frmWaypointSettings::txtName_Change() {

@@ -87,9 +87,8 @@ void WriteWaypoint(Lines& lines, const WaypointRec& waypoint, int index) {
     lines.Number("X", waypoint.X);
     lines.Number("Y", waypoint.Y);
     lines.NumberUnless(0, "Flags", waypoint.Flags);
-    for (int j = 0; j <= waypoint.NumLinks && j < MaxLinks; ++j) {
-        const auto slot = static_cast<std::size_t>(j);
-        const QByteArray link = "Link" + QByteArray::number(j);
+    for (std::size_t slot = 0; slot < waypoint.LinkCount(); ++slot) {
+        const QByteArray link = "Link" + QByteArray::number(qulonglong{slot});
         lines.Number(link + ".Dest", waypoint.LinkDest[slot]);
         lines.NumberUnless(0, link + ".Flags", waypoint.LinkFlags[slot]);
     }
@@ -112,8 +111,9 @@ std::optional<LevelFileError> WriteLevelCfg(const LevelModel& model, QByteArray&
     lines.NumberUnless(0, "PScroll", model.ParallaxScroll ? 1 : 0);
     lines.Blank();
     lines.Number("NumStartPoints", model.NumStartPoints);
-    for (int n = 0; n < model.StartPointCount(); ++n) {
-        const StartPointRec& point = model.StartPoints[static_cast<std::size_t>(n)];
+    const auto startPoints = model.StartPointTable();
+    for (int n = 0; n < startPoints.Size(); ++n) {
+        const StartPointRec& point = startPoints[n];
         lines.Number("StartX" + QByteArray::number(n), point.X);
         lines.Number("StartY" + QByteArray::number(n), point.Y);
         lines.Blank();
@@ -123,8 +123,8 @@ std::optional<LevelFileError> WriteLevelCfg(const LevelModel& model, QByteArray&
     lines.NumberUnless(0, "JumperForce", model.JumperForce);
     lines.NumberUnless(0, "KickerForce", model.KickerForce);
     lines.Blank();
-    for (int n = 0; n < model.ItemCount(); ++n) {
-        WriteItem(lines, model.Items[static_cast<std::size_t>(n)], n);
+    for (int n = 0; n < model.ItemTable().Size(); ++n) {
+        WriteItem(lines, model.ItemTable()[n], n);
     }
     if (!lines.Error()) {
         bytes = lines.Bytes();
@@ -137,8 +137,8 @@ QByteArray WriteWaypointCfg(const LevelModel& model) {
     lines.Section("Map");
     lines.Number("NumWayPoints", model.NumWayPoints);
     lines.Blank();
-    for (int n = 0; n < model.WayPointCount(); ++n) {
-        WriteWaypoint(lines, model.WayPoints[static_cast<std::size_t>(n)], n);
+    for (int n = 0; n < model.WayPointTable().Size(); ++n) {
+        WriteWaypoint(lines, model.WayPointTable()[n], n);
     }
     return lines.Bytes();
 }

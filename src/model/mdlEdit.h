@@ -3,12 +3,16 @@
 
 #pragma once
 
+#include "model/Table.h"
 #include "pictures/Picture.h"
 
 #include <QString>
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <tuple>
 
 namespace editor {
 
@@ -73,8 +77,23 @@ struct WaypointRec {
     /// The index of the last link slot in use, not a count: -1 (no links) to MaxLinks - 1.
     std::int16_t NumLinks = 0;
 
+    /// The number of link slots in use; these are the first ones.
+    [[nodiscard]] std::size_t LinkCount() const {
+        return static_cast<std::size_t>(std::clamp(NumLinks + 1, 0, MaxLinks));
+    }
+
     bool operator==(const WaypointRec&) const = default;
 };
+
+/// Both coordinates of an entity of any table, as references into its record.
+template <class Record>
+[[nodiscard]] auto PositionOf(Record& record) {
+    if constexpr (requires { record.PosX; }) {
+        return std::tie(record.PosX, record.PosY);
+    } else {
+        return std::tie(record.X, record.Y);
+    }
+}
 
 /// The level being edited, and the view state that the windows share. Its member initialisers are
 /// the state at program start. The first `count` records of each table are in use; the others
@@ -92,7 +111,7 @@ struct LevelModel {
     std::int32_t JumperForce = 0;
     std::int32_t KickerForce = 0;
 
-    // A count read from a file may be negative; StartPointCount() and so on give the number in use.
+    // A count read from a file may be negative; StartPointTable() and so on see to that.
     std::array<StartPointRec, MaxStartPoints> StartPoints{};
     std::int16_t NumStartPoints = 0;
     std::array<ItemRec, MaxItems> Items{};
@@ -100,7 +119,7 @@ struct LevelModel {
     std::array<WaypointRec, MaxWayPoints> WayPoints{};
     std::int32_t NumWayPoints = 0;
 
-    /// View pixels a level pixel: 0.25, 0.5, 1, 2, 4 or 8.
+    /// View pixels per level pixel: 0.25, 0.5, 1, 2, 4 or 8.
     float Zoom = 1;
     bool GraphicsLoaded = false;
     // The size of the level graphics in pixels, -1 while none is loaded.
@@ -110,9 +129,16 @@ struct LevelModel {
     Picture BackPicture;
     Picture MaterialPicture;
 
-    [[nodiscard]] int StartPointCount() const { return NumStartPoints < 0 ? 0 : NumStartPoints; }
-    [[nodiscard]] int ItemCount() const { return NumItems < 0 ? 0 : NumItems; }
-    [[nodiscard]] int WayPointCount() const { return NumWayPoints < 0 ? 0 : NumWayPoints; }
+    [[nodiscard]] auto StartPointTable() {
+        return Table(StartPoints, NumStartPoints, "start points");
+    }
+    [[nodiscard]] auto StartPointTable() const {
+        return Table(StartPoints, NumStartPoints, "start points");
+    }
+    [[nodiscard]] auto ItemTable() { return Table(Items, NumItems, "items"); }
+    [[nodiscard]] auto ItemTable() const { return Table(Items, NumItems, "items"); }
+    [[nodiscard]] auto WayPointTable() { return Table(WayPoints, NumWayPoints, "waypoints"); }
+    [[nodiscard]] auto WayPointTable() const { return Table(WayPoints, NumWayPoints, "waypoints"); }
 };
 
 /// The one level model of the program.

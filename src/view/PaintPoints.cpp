@@ -43,78 +43,54 @@ class Painter {
     Painter(PersistentImage& image, const LevelModel& model) : image_(image), model_(model) {}
 
     void Waypoints(int selected) {
-        for (int i = 0; i < model_.WayPointCount(); ++i) {
-            const WaypointRec& waypoint = Waypoint(i);
-            image_.SetLineWidth(NarrowPen);
-            image_.SetLineStyle(LineStyle::Solid);
-            Mark(waypoint.X, waypoint.Y, Blue, waypoint.Flags == 0 ? Black : White);
-            image_.SetLineWidth(NarrowPen);
-            image_.SetLineStyle(LineStyle::Dotted);
+        for (const WaypointRec& waypoint : model_.WayPointTable()) {
+            SetPen(NarrowPen, LineStyle::Solid);
+            Mark(waypoint, Blue, waypoint.Flags == 0 ? Black : White);
+            SetPen(NarrowPen, LineStyle::Dotted);
             Links(waypoint);
         }
-        if (selected >= 0 && selected < model_.WayPointCount()) {
-            image_.SetLineWidth(WidePen);
-            image_.SetLineStyle(LineStyle::Solid);
-            Mark(Waypoint(selected).X, Waypoint(selected).Y, Black, White);
-            Links(Waypoint(selected));
+        if (const WaypointRec* waypoint = model_.WayPointTable().Find(selected)) {
+            SetPen(WidePen, LineStyle::Solid);
+            Mark(*waypoint, Black, White);
+            Links(*waypoint);
         }
     }
 
-    void StartPoints(int selected) {
-        image_.SetLineWidth(NarrowPen);
-        image_.SetLineStyle(LineStyle::Solid);
-        image_.SetFillColour(Black);
-        const auto draw = [this](int i) {
-            const StartPointRec& point = model_.StartPoints[static_cast<std::size_t>(i)];
-            Mark(point.X, point.Y, White, Black);
-        };
-        for (int i = 0; i < model_.StartPointCount(); ++i) {
-            draw(i);
+    /// Start points or items; `fill` gives the colour inside of one.
+    template <class Record, class Count, class Fill>
+    void Marks(const Table<Record, Count>& table, int selected, Fill fill) {
+        SetPen(NarrowPen, LineStyle::Solid);
+        for (const Record& entity : table) {
+            Mark(entity, White, fill(entity));
         }
-        if (selected >= 0 && selected < model_.StartPointCount()) {
-            image_.SetLineWidth(WidePen);
-            draw(selected);
-        }
-    }
-
-    void Items(int selected) {
-        image_.SetLineWidth(NarrowPen);
-        image_.SetLineStyle(LineStyle::Solid);
-        const auto draw = [this](int i) {
-            const ItemRec& item = model_.Items[static_cast<std::size_t>(i)];
-            Mark(item.PosX, item.PosY, White, ItemColour(item));
-        };
-        for (int i = 0; i < model_.ItemCount(); ++i) {
-            draw(i);
-        }
-        if (selected >= 0 && selected < model_.ItemCount()) {
-            image_.SetLineWidth(WidePen);
-            draw(selected);
+        if (const Record* entity = table.Find(selected)) {
+            SetPen(WidePen, LineStyle::Solid);
+            Mark(*entity, White, fill(*entity));
         }
     }
 
   private:
-    [[nodiscard]] const WaypointRec& Waypoint(int index) const {
-        return model_.WayPoints[static_cast<std::size_t>(index)];
-    }
-
-    [[nodiscard]] QPoint ToView(std::int16_t x, std::int16_t y) const {
+    template <class Record>
+    [[nodiscard]] QPoint ToView(const Record& entity) const {
+        const auto& [x, y] = PositionOf(entity);
         return ViewPixel(static_cast<float>(x) * model_.Zoom, static_cast<float>(y) * model_.Zoom);
     }
 
-    void Mark(std::int16_t x, std::int16_t y, std::uint32_t outline, std::uint32_t fill) {
+    void SetPen(int width, LineStyle style) {
+        image_.SetLineWidth(width);
+        image_.SetLineStyle(style);
+    }
+
+    template <class Record>
+    void Mark(const Record& entity, std::uint32_t outline, std::uint32_t fill) {
         image_.SetFillColour(fill);
-        image_.Circle(ToView(x, y), outline);
+        image_.Circle(ToView(entity), outline);
     }
 
     void Links(const WaypointRec& from) {
-        for (int j = 0; j <= from.NumLinks && j < MaxLinks; ++j) {
-            const auto slot = static_cast<std::size_t>(j);
-            const int target = from.LinkDest[slot];
-            if (target >= 0 && target < model_.WayPointCount()) {
-                const WaypointRec& to = Waypoint(target);
-                image_.Line(ToView(from.X, from.Y), ToView(to.X, to.Y),
-                            LinkColour(from.LinkFlags[slot]));
+        for (std::size_t slot = 0; slot < from.LinkCount(); ++slot) {
+            if (const WaypointRec* to = model_.WayPointTable().Find(from.LinkDest[slot])) {
+                image_.Line(ToView(from), ToView(*to), LinkColour(from.LinkFlags[slot]));
             }
         }
     }
@@ -138,10 +114,11 @@ void PaintEntities(PersistentImage& image, const LevelModel& model, EditingMode 
         painter.Waypoints(curpoint);
         break;
     case EditingMode::StartPoints:
-        painter.StartPoints(curpoint);
+        painter.Marks(model.StartPointTable(), curpoint,
+                      [](const StartPointRec&) { return Black; });
         break;
     case EditingMode::Items:
-        painter.Items(curpoint);
+        painter.Marks(model.ItemTable(), curpoint, ItemColour);
         break;
     case EditingMode::None:
         break;

@@ -7,13 +7,15 @@
 #include "model/mdlEdit.h"
 #include "painting/PersistentImage.h"
 
+#include <QPoint>
+
 namespace editor {
 
 /// The pixel of the view that lies nearest to a position in view pixels; halves go to the even one.
 [[nodiscard]] QPoint ViewPixel(float x, float y);
 
 /// Draws the entities of `mode` over the image's background, in table order, the selected one
-/// (`curpoint`, -1 or outside the table for none) last. Leaves the pen as its last step set it.
+/// (`curpoint`, none when it is outside the table) last. Leaves the pen as its last step set it.
 void PaintEntities(PersistentImage& image, const LevelModel& model, EditingMode mode, int curpoint);
 
 } // namespace editor

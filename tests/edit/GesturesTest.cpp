@@ -1,35 +1,31 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
-#include "edit/HitTest.h"
-#include "edit/ItemGestures.h"
-#include "edit/StartPointGestures.h"
+#include "edit/EntityGestures.h"
 #include "edit/WaypointGestures.h"
 
 #include <QStringList>
 
 #include <cmath>
 #include <gtest/gtest.h>
-#include <string>
-#include <tuple>
-#include <utility>
-#include <vector>
 
 namespace editor {
 namespace {
+
+constexpr EditingMode Modes[] = {EditingMode::StartPoints, EditingMode::Items,
+                                 EditingMode::Waypoints};
 
 // The links of a graph as a text: a word for each waypoint with "target.flags" for each slot in
 // use, or "-". Waypoint i lies at (10 i, 0).
 LevelModel Graph(const std::string& text) {
     LevelModel model;
     for (const QString& word : QString::fromStdString(text).split(u' ', Qt::SkipEmptyParts)) {
-        WaypointRec& waypoint = model.WayPoints.at(static_cast<std::size_t>(model.NumWayPoints));
-        waypoint.X = static_cast<std::int16_t>(10 * model.NumWayPoints++);
-        waypoint.NumLinks = -1;
+        WaypointRec& waypoint = *model.WayPointTable().Add();
+        waypoint = {static_cast<std::int16_t>(10 * model.NumWayPoints - 10), 0, 0, {}, {}, -1};
         for (const QString& link : word == u'-' ? QStringList() : word.split(u',')) {
-            const auto slot = static_cast<std::size_t>(++waypoint.NumLinks);
-            waypoint.LinkDest.at(slot) = link.section(u'.', 0, 0).toShort();
-            waypoint.LinkFlags.at(slot) = link.section(u'.', 1).toShort();
+            waypoint.LinkDest.at(waypoint.LinkCount()) = link.section(u'.', 0, 0).toShort();
+            waypoint.LinkFlags.at(waypoint.LinkCount()) = link.section(u'.', 1).toShort();
+            ++waypoint.NumLinks;
         }
     }
     return model;
@@ -37,12 +33,10 @@ LevelModel Graph(const std::string& text) {
 
 std::string Text(const LevelModel& model) {
     QStringList words;
-    for (int i = 0; i < model.NumWayPoints; ++i) {
-        const WaypointRec& waypoint = model.WayPoints.at(static_cast<std::size_t>(i));
+    for (const WaypointRec& waypoint : model.WayPointTable()) {
         QStringList links;
-        for (std::size_t j = 0; j < static_cast<std::size_t>(waypoint.NumLinks + 1); ++j) {
-            links +=
-                QStringLiteral("%1.%2").arg(waypoint.LinkDest.at(j)).arg(waypoint.LinkFlags[j]);
+        for (std::size_t j = 0; j < waypoint.LinkCount(); ++j) {
+            links += QStringLiteral("%1.%2").arg(waypoint.LinkDest[j]).arg(waypoint.LinkFlags[j]);
         }
         words += links.isEmpty() ? QStringLiteral("-") : links.join(u',');
     }
@@ -55,39 +49,75 @@ std::string Text(const GestureResult& result) {
 
 TEST(HitTest, TakesLessThanFourLevelPixelsAtEveryZoom) {
     using Row = std::tuple<float, float, float>; // zoom, a view position that misses, one that hits
+    const StartPointRec entity = {100, 100};
     for (const auto& [zoom, miss, hit] : {Row{1, 96, 96.1F}, Row{1, 104, 103.9F}, Row{2, 192, 193},
                                           Row{2, 208, 207}, Row{0.25F, 24, 24.1F}}) {
-        EXPECT_TRUE(IsHit(ToLevel(hit, hit, zoom), 100, 100)) << hit;
-        EXPECT_FALSE(IsHit(ToLevel(miss, hit, zoom), 100, 100)) << miss;
-        EXPECT_FALSE(IsHit(ToLevel(hit, miss, zoom), 100, 100)) << miss;
+        EXPECT_TRUE(IsHit(ToLevel(hit, hit, zoom), entity)) << hit;
+        EXPECT_FALSE(IsHit(ToLevel(miss, hit, zoom), entity)) << miss;
+        EXPECT_FALSE(IsHit(ToLevel(hit, miss, zoom), entity)) << miss;
     }
 }
 
 TEST(Gestures, MoveToTheRoundedPointerWithoutLimitsButThoseOfSixteenBits) {
     LevelModel model = Graph("- -");
-    model.NumItems = model.NumStartPoints = 1;
+    model.NumItems = model.NumStartPoints = 2;
     using Row = std::pair<float, std::int16_t>;
     for (const auto& [at, stored] : {Row{2.5F, 2}, Row{3.5F, 4}, Row{-2.5F, -2}, Row{-3.5F, -4},
                                      Row{40000, 32767}, Row{-1e9F, -32768}, Row{NAN, 0}}) {
-        EXPECT_TRUE(MoveWaypoint(model, 1, {at, at}).repaint);
-        EXPECT_TRUE(MoveItem(model, 0, {at, at}).repaint);
-        EXPECT_TRUE(MoveStartPoint(model, 0, {at, at}).repaint);
-        EXPECT_EQ(model.WayPoints[1], (WaypointRec{stored, stored, 0, {}, {}, -1}));
-        EXPECT_EQ(model.Items[0], (ItemRec{stored, stored, 0, 0, {}, 0, 0, 0, 0}));
-        EXPECT_EQ(model.StartPoints[0], (StartPointRec{stored, stored}));
+        for (const EditingMode mode : Modes) {
+            EXPECT_TRUE(MoveSelected(model, mode, 1, {at, 7}).repaint);
+            EXPECT_FALSE(MoveSelected(model, mode, 2, {}).repaint);
+            EXPECT_FALSE(MoveSelected(model, mode, -1, {}).repaint);
+        }
+        EXPECT_EQ(model.WayPoints[1], (WaypointRec{stored, 7, 0, {}, {}, -1}));
+        EXPECT_EQ(model.Items[1], (ItemRec{stored, 7, 0, 0, {}, 0, 0, 0, 0}));
+        EXPECT_EQ(model.StartPoints[1], (StartPointRec{stored, 7}));
     }
-    EXPECT_FALSE(MoveWaypoint(model, 2, {}).repaint || MoveItem(model, -1, {}).repaint);
 }
 
-TEST(WaypointGestures, SelectTheLastHitAndShowEachOneAfterTheOther) {
+TEST(Gestures, SelectTheFirstItemTheLastStartPointAndEachWaypointInTurn) {
     LevelModel model = Graph("- - - -");
+    model.NumItems = model.NumStartPoints = 3;
+    model.Items[0].PosX = model.StartPoints[0].X = 50;
+    model.Items[1].Name = QStringLiteral("first");
     model.WayPoints[2].X = 3;
-    std::int16_t curpoint = 1;
-    std::vector<std::pair<int, int>> shown;
-    const auto show = [&](int index) { shown.emplace_back(index, curpoint); };
-    SelectWaypoint(model, curpoint, {1, 0}, show);
-    SelectWaypoint(model, curpoint, {100, 0}, show);
-    EXPECT_EQ(shown, (std::vector<std::pair<int, int>>{{-1, -1}, {0, 0}, {2, 2}, {-1, -1}}));
+    using Row = std::tuple<float, std::int16_t, std::int16_t, std::vector<std::pair<int, int>>>;
+    for (const auto& [y, first, last, eachHit] :
+         {Row{3, 1, 2, {{-1, -1}, {0, 0}, {2, 2}}}, Row{4, -1, -1, {{-1, -1}}}}) {
+        std::int16_t item = 0, start = 0, waypoint = 1;
+        ItemRec shown;
+        std::vector<std::pair<int, int>> waypointsShown;
+        SelectItem(model, item, {3, y}, [&](const ItemRec& hit) { shown = hit; });
+        SelectStartPoint(model, start, {3, y});
+        SelectWaypoint(model, waypoint, {3, y},
+                       [&](int index) { waypointsShown.emplace_back(index, waypoint); });
+        EXPECT_EQ(std::pair(item, start), std::pair(first, last));
+        EXPECT_EQ(shown, first == 1 ? model.Items[1] : StandardItemSettings());
+        EXPECT_EQ(waypointsShown, eachHit);
+    }
+}
+
+TEST(Gestures, CreateOnTopUntilTheTableIsFullAndDeleteByTheLast) {
+    LevelModel model;
+    model.NumItems = model.NumStartPoints = -3; // a file may hold that; it counts as none
+    std::int16_t curpoint = -1;
+    const auto create = [&](std::int16_t i) {
+        const LevelPoint at = {static_cast<float>(i), 3.5F};
+        return Text(CreateItem(model, curpoint, at, {99, 99, i, 0, {}, 0, 0, 0, 0})) + " - " +
+               Text(CreateStartPoint(model, curpoint, at));
+    };
+    for (std::int16_t i = 0; i < MaxItems; ++i) {
+        EXPECT_EQ(create(i), "repaint - repaint");
+        EXPECT_EQ(curpoint, i);
+    }
+    EXPECT_EQ(create(77), "Maximum number of items reached (51) - "
+                          "Maximum number of start points reached (51)");
+    for (curpoint = 0; DeleteSelected(model, EditingMode::Items, curpoint).repaint; curpoint = 40) {
+        EXPECT_EQ(curpoint, -1);
+    }
+    EXPECT_EQ(model.NumItems, 40);
+    EXPECT_EQ(model.Items[0], (ItemRec{50, 4, 50, 0, {}, 0, 0, 0, 0}));
+    EXPECT_EQ(model.StartPoints[50], (StartPointRec{50, 4}));
 }
 
 TEST(WaypointGestures, LinkUnlinkOrRefuse) {
@@ -137,55 +167,10 @@ TEST(WaypointGestures, DeletingFixesTheLinksToTheRemovedAndToTheMovedWaypoint) {
           Row{0, "0.1", ""}}) {
         LevelModel model = Graph(before);
         std::int16_t curpoint = removed;
-        EXPECT_TRUE(DeleteWaypoint(model, curpoint).repaint);
+        EXPECT_TRUE(DeleteSelected(model, EditingMode::Waypoints, curpoint).repaint);
         EXPECT_EQ(Text(model), after);
-        EXPECT_FALSE(DeleteWaypoint(model, curpoint).repaint) << "nothing is selected any more";
+        EXPECT_FALSE(DeleteSelected(model, EditingMode::Waypoints, curpoint).repaint);
     }
-}
-
-TEST(Gestures, SelectTheFirstItemAndTheLastStartPoint) {
-    LevelModel model;
-    model.NumItems = model.NumStartPoints = 3;
-    model.Items[0].PosX = model.StartPoints[0].X = 50;
-    model.Items[1].Name = QStringLiteral("first");
-    std::int16_t curpoint = 0;
-    ItemRec shown;
-    const auto select = [&](const LevelPoint& point) {
-        SelectItem(model, curpoint, point, [&shown](const ItemRec& item) { shown = item; });
-        const int item = std::exchange(curpoint, 0);
-        SelectStartPoint(model, curpoint, point);
-        return std::pair<int, int>(item, curpoint);
-    };
-    EXPECT_EQ(select({3, 3}), (std::pair{1, 2}));
-    EXPECT_EQ(shown, model.Items[1]);
-    EXPECT_EQ(select({3, 4}), (std::pair{-1, -1}));
-    EXPECT_EQ(shown, StandardItemSettings());
-}
-
-TEST(Gestures, CreateOnTopUntilTheTableIsFullAndDeleteByTheLast) {
-    LevelModel model;
-    model.NumItems = model.NumStartPoints = -3; // a file may hold that; it counts as none
-    std::int16_t curpoint = -1;
-    const auto create = [&](std::int16_t i) {
-        const ItemRec settings = {99, 99, i, 0, {}, 0, 0, 0, 0};
-        return Text(CreateItem(model, curpoint, {2.5F, 3.5F}, settings)) + " - " +
-               Text(CreateStartPoint(model, curpoint, {static_cast<float>(i), 3.5F}));
-    };
-    for (std::int16_t i = 0; i < MaxItems; ++i) {
-        EXPECT_EQ(create(i), "repaint - repaint");
-        EXPECT_EQ(curpoint, i);
-    }
-    EXPECT_EQ(create(77), "Maximum number of items reached (51) - "
-                          "Maximum number of start points reached (51)");
-    for (curpoint = 0; DeleteItem(model, curpoint).repaint; curpoint = 40) {
-    }
-    curpoint = 0;
-    EXPECT_TRUE(DeleteStartPoint(model, curpoint).repaint);
-    EXPECT_EQ(curpoint, -1);
-    EXPECT_EQ(model.NumItems, 40);
-    EXPECT_EQ(model.Items[0], (ItemRec{2, 4, 50, 0, {}, 0, 0, 0, 0}));
-    EXPECT_EQ(model.NumStartPoints, 50);
-    EXPECT_EQ(model.StartPoints[0], (StartPointRec{50, 4}));
 }
 
 } // namespace

@@ -187,7 +187,9 @@ TEST_F(LevelFiles, WhatCannotBeReadOrHeldIsRefusedAndNothingChanges) {
 TEST_F(LevelFiles, NegativeCountsAreKeptAndCountAsNothing) {
     ASSERT_EQ(LoadTexts("[Map]\nNumItems=-2\nNumStartPoints=-3\n", "[Map]\nNumWayPoints=-70000\n"),
               QString());
-    EXPECT_EQ(mdlEdit.ItemCount() + mdlEdit.StartPointCount() + mdlEdit.WayPointCount(), 0);
+    EXPECT_EQ(mdlEdit.ItemTable().Size() + mdlEdit.StartPointTable().Size() +
+                  mdlEdit.WayPointTable().Size(),
+              0);
     ASSERT_EQ(Save(), QString());
     EXPECT_EQ(folder.Read(LevelCfg), CrLf("[Map]\nBack=\nLevel=\nMaterial=\n\nNumItems=-2\n\n\n"
                                           "NumStartPoints=-3\n\n[Physics]\n\n"));
