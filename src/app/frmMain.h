@@ -24,8 +24,9 @@ class frmMain : public QMainWindow {
     frmMain();
     ~frmMain() override;
 
-    /// Brings the two window entries in line with mdlEdit.GraphicsLoaded; without graphics the
-    /// level has no size and the map view is hidden. Check marks stay.
+    /// Enables the entry of the level settings for good, and that of the level items as long as
+    /// graphics are loaded; without graphics the level has no size and the map view is hidden. Check
+    /// marks stay.
     void SetMenus();
 
     /// Lets the user choose a folder; empty when cancelled.

@@ -21,25 +21,23 @@ auto Settings(auto& model) {
                     model.ParallaxScroll, model.JumperForce, model.KickerForce);
 }
 
-TEST_F(LevelDialog, AcceptGivesBackWhatInitShows) {
+TEST_F(LevelDialog, AcceptGivesBackWhatF5ShowsWithTheForcesRoundedToEvenAndClamped) {
+    Open(test::LevelFolder());
     LevelModel model;
     Settings(model) =
         std::tuple(u"gfx\\1.png"_s, u"m.bmp"_s, u"\u00e4.png"_s, u"p"_s, true, -2147483647, 7);
     mdlEdit = model;
-    main->levelSettings.Use().Init();
+    Type(u"F5"_s);
     mdlEdit = {};
     Click(u"cmdOK"_s);
     EXPECT_EQ(Settings(mdlEdit), Settings(model));
-}
-
-TEST_F(LevelDialog, ForcesAreRoundedToEvenAndClamped) {
-    for (const auto& [text, force] :
-         {std::pair{u"12.5 N"_s, 12}, {u"3.5"_s, 4}, {u"1e999"_s, INT32_MAX}}) {
+    for (const auto& [text, force, opposite] : {std::tuple{u"12.5 N"_s, 12, -12},
+                                                {u"3.5"_s, 4, -4},
+                                                {u"1e999"_s, INT32_MAX, INT32_MIN}}) {
         Box(u"txtJumper"_s).setText(text);
         Box(u"txtKicker"_s).setText(u'-' + text);
         Click(u"cmdOK"_s);
-        EXPECT_EQ(mdlEdit.JumperForce, force);
-        EXPECT_EQ(mdlEdit.KickerForce, force == INT32_MAX ? INT32_MIN : -force);
+        EXPECT_EQ(std::pair(mdlEdit.JumperForce, mdlEdit.KickerForce), std::pair(force, opposite));
     }
     main->levelSettings.Use().close();
     EXPECT_EQ(Box(u"txtJumper"_s).text() + Box(u"txtKicker"_s).text(), u"100043000"_s);

@@ -194,8 +194,10 @@ TEST_F(Editing, AModeShowsItsPanelAloneAndSelectsNothing) {
 TEST_F(Editing, OnlyTheKeypadZoomsAndTheSelectionStays) {
     mdlEdit.NumStartPoints = 1;
     Press(Qt::LeftButton, {0, 0});
-    Key(Qt::Key_Plus);
-    Key(Qt::Key_Minus, Qt::ShiftModifier);
+    for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Minus}) {
+        Key(key);
+        EXPECT_EQ(mdlEdit.Zoom, 1);
+    }
     int presses = 0;
     for (const float zoom : {2.0F, 4.0F, 8.0F, 8.0F, 4.0F, 2.0F, 1.0F, 0.5F, 0.25F, 0.25F}) {
         Key(++presses <= 4 ? Qt::Key_Plus : Qt::Key_Minus, Qt::KeypadModifier);
