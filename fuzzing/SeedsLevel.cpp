@@ -27,9 +27,8 @@ bool WriteSeeds(const QDir& folder) {
         level.NumItems = static_cast<std::int16_t>(i);
         level.NumStartPoints = static_cast<std::int16_t>(i);
         level.NumWayPoints = i;
-        QByteArray bytes;
-        if (WriteLevelCfg(level, bytes) || !Write(folder, QStringLiteral("level-%1").arg(i),
-                                                  bytes + Separator + WriteWaypointCfg(level))) {
+        if (!Write(folder, QStringLiteral("level-%1").arg(i),
+                   WriteLevelCfg(level) + Separator + WriteWaypointCfg(level))) {
             return false;
         }
     }

@@ -5,8 +5,6 @@
 
 #include "app/Wiring.h"
 #include "dialogs/frmAbout.h"
-#include "files/FileNames.h"
-#include "files/RegularFile.h"
 #include "model/LevelFiles.h"
 #include "model/mdlEdit.h"
 #include "view/LevelGraphics.h"
@@ -137,18 +135,12 @@ void frmMain::mnuLevNew_Click() {
     if (folder.isEmpty()) {
         return;
     }
-    if (IsRegularFile(FindInFolder(folder, QStringLiteral("level.cfg")))) {
+    if (IsUsedFolder(folder)) {
         MsgBox(this, QStringLiteral("This folder seems to be already used. Please use \"Open\""));
         return;
     }
-    mdlEdit.LevelPath = folder;
-    mdlEdit.GraphicsLoaded = false;
+    BeginLevel(folder);
     SetMenus();
-    mdlEdit.NumStartPoints = 0;
-    mdlEdit.NumItems = 0;
-    mdlEdit.NumWayPoints = 0;
-    mdlEdit.LevelWidth = -1;
-    mdlEdit.LevelHeight = -1;
     ClearSelection();
     ShowPinned(levelSettings.Use(), Qt::TopLeftCorner);
     mnuLevSettings->setChecked(true);
@@ -160,11 +152,12 @@ void frmMain::mnuLevOpen_Click() {
         return;
     }
     const QString before = std::exchange(mdlEdit.LevelPath, folder);
-    if (const auto error = LoadLevel([this] { LoadGraphics(); })) {
+    if (const auto error = LoadLevel()) {
         mdlEdit.LevelPath = before;
         MsgBox(this, *error);
         return;
     }
+    LoadGraphics();
     ClearSelection();
     SetMenus();
 }

@@ -5,7 +5,6 @@
 
 #include "dialogs/GraphicsChooser.h"
 #include "model/FieldValue.h"
-#include "model/Rounding.h"
 #include "model/mdlEdit.h"
 #include "windows/Dialogs.h"
 #include "windows/Layout.h"
@@ -160,8 +159,8 @@ void frmLevel::cmdOK_Click() {
     mdlEdit.MaterialFile = txtMat->text();
     mdlEdit.BackFile = txtBG->text();
     mdlEdit.ParallaxFile = txtPar->text();
-    mdlEdit.JumperForce = RoundTo<std::int32_t>(FieldValue(txtJumper->text()));
-    mdlEdit.KickerForce = RoundTo<std::int32_t>(FieldValue(txtKicker->text()));
+    mdlEdit.JumperForce = RoundedFieldValue<std::int32_t>(txtJumper->text());
+    mdlEdit.KickerForce = RoundedFieldValue<std::int32_t>(txtKicker->text());
     mdlEdit.ParallaxScroll = chkParallax->isChecked();
     Q_EMIT Accepted();
     hide();

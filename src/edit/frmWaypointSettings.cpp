@@ -4,7 +4,6 @@
 #include "edit/frmWaypointSettings.h"
 
 #include "model/FieldValue.h"
-#include "model/Rounding.h"
 #include "view/frmWaypoint.h"
 #include "windows/Layout.h"
 #include "windows/TextBox.h"
@@ -296,7 +295,7 @@ void frmWaypointSettings::ShowItem(const ItemRec& item) {
 namespace {
 
 std::int16_t FieldNumber(const QLineEdit& text) {
-    return RoundTo<std::int16_t>(FieldValue(text.text()));
+    return RoundedFieldValue<std::int16_t>(text.text());
 }
 
 } // namespace

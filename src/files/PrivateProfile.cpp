@@ -3,19 +3,11 @@
 
 #include "files/PrivateProfile.h"
 
-#include "files/RegularFile.h"
-
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <limits>
 
 namespace editor {
 namespace {
-
-constexpr char ToLowerAscii(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 constexpr bool IsBlank(char c) {
     return c == ' ' || c == '\t';
@@ -39,16 +31,10 @@ QByteArrayView WithoutQuotes(QByteArrayView value) {
     return value;
 }
 
-std::string_view ToView(QByteArrayView text) {
-    return {text.data(), static_cast<std::size_t>(text.size())};
-}
-
 } // namespace
 
-bool PrivateProfile::Before::operator()(std::string_view a, std::string_view b) const {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return ToLowerAscii(x) < ToLowerAscii(y);
-    });
+bool PrivateProfile::Before::operator()(QByteArrayView a, QByteArrayView b) const {
+    return a.compare(b, Qt::CaseInsensitive) < 0; // ignores the case of ASCII letters only
 }
 
 bool PrivateProfile::Before::operator()(const Name& a, const Name& b) const {
@@ -79,7 +65,7 @@ void PrivateProfile::AddLine(QByteArrayView line) {
         if (end > 0) {
             const int next = static_cast<int>(sections_.size());
             const bool first =
-                sections_.try_emplace(ToView(Stripped(line.sliced(1, end - 1))), next).second;
+                sections_.try_emplace(Stripped(line.sliced(1, end - 1)), next).second;
             current_ = first ? next : NoSection;
             return;
         }
@@ -88,29 +74,17 @@ void PrivateProfile::AddLine(QByteArrayView line) {
     if (equals < 0 || current_ == NoSection) {
         return;
     }
-    const Name name{current_, ToView(Stripped(line.first(equals)))};
-    values_.try_emplace(name, ToView(WithoutQuotes(Stripped(line.sliced(equals + 1)))));
-}
-
-QString PrivateProfile::Load(const QString& path) {
-    QByteArray text;
-    const QString reason = ReadRegularFile(path, MaximumSize, text);
-    if (reason.isEmpty()) {
-        *this = PrivateProfile(text);
-    }
-    return reason;
+    values_.try_emplace(Name{current_, Stripped(line.first(equals))},
+                        WithoutQuotes(Stripped(line.sliced(equals + 1))));
 }
 
 QByteArrayView PrivateProfile::Value(QByteArrayView section, QByteArrayView key) const {
-    const auto number = sections_.find(ToView(section));
+    const auto number = sections_.find(section);
     if (number == sections_.end()) {
         return {};
     }
-    const auto value = values_.find(Name{number->second, ToView(key)});
-    if (value == values_.end()) {
-        return {};
-    }
-    return {value->second.data(), static_cast<qsizetype>(value->second.size())};
+    const auto value = values_.find(Name{number->second, key});
+    return value == values_.end() ? QByteArrayView() : value->second;
 }
 
 QByteArray PrivateProfile::GetPrivateProfileString(QByteArrayView section, QByteArrayView key,

@@ -5,46 +5,27 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QString>
 
 #include <cstdint>
 #include <map>
-#include <string_view>
 
 namespace editor {
 
-/// A text file of "[section]" lines and "key=value" lines, read and parsed once, with the look-ups
-/// of the platform that the game runs on. The rules are those documented for
-/// GetPrivateProfileString and GetPrivateProfileInt, and where the documentation is silent those
-/// observed there:
+/// A text of "[section]" lines and "key=value" lines, parsed once, with the look-ups of the
+/// platform that the game runs on. The rules are those documented for GetPrivateProfileString and
+/// GetPrivateProfileInt, and, where the documentation is silent, those observed there:
 ///
-/// - Section and key names ignore the case of ASCII letters. Blanks and tabs around a section, a
-///   key and a value are dropped, and so is one matching outer pair of quotes around a value.
-/// - A line whose first other character is ";" is a comment; "#" and a later ";" are data.
-/// - The first section of a name counts, and in it the first key of a name.
-/// - A section's name ends at the first "]". A line without "=" is no key; keys before the first
-///   section cannot be reached.
+/// - Letter case in the names of sections and keys is ignored, for ASCII letters. Blanks and tabs
+///   around a section, a key or a value are dropped, and so is one pair of quotes around a value.
+/// - A line that begins with ";" or with blanks and ";" is a comment; "#" and a later ";" are text.
+/// - Of several sections with the same name the first counts, and in it of several keys the first.
+/// - A section's name ends at the first "]". A line without "=" says nothing, nor does one before
+///   the first section.
 /// - CR and LF, alone or together, end a line. A UTF-8 byte-order mark at the start is skipped.
 class PrivateProfile {
   public:
-    /// The largest file that is read, in bytes; a level's own files have some 50 KiB at most.
-    static constexpr qint64 MaximumSize = 8 * 1024 * 1024;
-
-    /// An empty profile: every key is missing.
-    PrivateProfile() = default;
-
     /// The profile that `text` holds. No text is malformed.
     explicit PrivateProfile(const QByteArray& text);
-
-    // The index points into the text, which a copy would share and a move would keep.
-    PrivateProfile(const PrivateProfile&) = delete;
-    PrivateProfile& operator=(const PrivateProfile&) = delete;
-    PrivateProfile(PrivateProfile&&) = default;
-    PrivateProfile& operator=(PrivateProfile&&) = default;
-
-    /// Reads the file `path`. A file that does not exist gives an empty profile. Returns an empty
-    /// text, or the reason why an existing file could not be read, and then leaves *this alone.
-    [[nodiscard]] QString Load(const QString& path);
 
     /// The value as it stands in the file, without the blanks and quotes around it; a null view
     /// when the section or the key is missing.
@@ -66,10 +47,10 @@ class PrivateProfile {
 
     struct Name {
         int section = 0; // running number among the different section names
-        std::string_view key;
+        QByteArrayView key;
     };
     struct Before {
-        bool operator()(std::string_view a, std::string_view b) const;
+        bool operator()(QByteArrayView a, QByteArrayView b) const;
         bool operator()(const Name& a, const Name& b) const;
     };
 
@@ -77,8 +58,8 @@ class PrivateProfile {
 
     QByteArray text_;
     // Ordered, not hashed: a file could be full of names that share one hash, and take hours.
-    std::map<std::string_view, int, Before> sections_;
-    std::map<Name, std::string_view, Before> values_;
+    std::map<QByteArrayView, int, Before> sections_;
+    std::map<Name, QByteArrayView, Before> values_;
     int current_ = NoSection;
 };
 

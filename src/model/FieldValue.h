@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "model/Rounding.h"
+
 #include <QStringView>
 
 namespace editor {
@@ -13,5 +15,11 @@ namespace editor {
 /// number, taken as its plain value (&HFFFF is 65535). 0 when the text begins with no number.
 /// May be infinite, never "not a number"; does not depend on the locale.
 [[nodiscard]] double FieldValue(QStringView text);
+
+/// The field value of a text as a field of the model holds it.
+template <class Integer>
+[[nodiscard]] Integer RoundedFieldValue(QStringView text) {
+    return RoundTo<Integer>(FieldValue(text));
+}
 
 } // namespace editor

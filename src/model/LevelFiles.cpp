@@ -4,8 +4,9 @@
 #include "model/LevelFiles.h"
 
 #include "files/FileNames.h"
-#include "files/PrivateProfile.h"
+#include "files/FileProblem.h"
 #include "files/RegularFile.h"
+#include "files/SafeSaving.h"
 #include "model/LevelReader.h"
 #include "model/LevelWriter.h"
 #include "model/mdlEdit.h"
@@ -13,96 +14,89 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <utility>
+
 namespace editor {
 namespace {
 
-QString LevelCfgPath() {
-    return FindInFolder(mdlEdit.LevelPath, QStringLiteral("level.cfg"));
+// The largest file that is read; a level's own files have some 50 KiB at most.
+constexpr qint64 MaximumSize = 8 * 1024 * 1024;
+
+QString LevelCfgPath(const QString& folder) {
+    return FindInFolder(folder, QStringLiteral("level.cfg"));
 }
 
-QString WaypointCfgPath() {
-    return FindInFolder(mdlEdit.LevelPath, QStringLiteral("waypoint.cfg"));
+QString WaypointCfgPath(const QString& folder) {
+    return FindInFolder(folder, QStringLiteral("waypoint.cfg"));
 }
 
 // A folder that is gone or closed to the user would look like one without files.
-std::optional<LevelFileError> CheckFolder() {
-    const QFileInfo folder(mdlEdit.LevelPath);
-    if (folder.isDir() && folder.isReadable() && folder.isExecutable()) {
-        return std::nullopt;
+void CheckFolder(const QString& path) {
+    const QFileInfo folder(path);
+    if (!folder.isDir() || !folder.isReadable() || !folder.isExecutable()) {
+        throw FileProblem(QStringLiteral("the folder %1 %2.")
+                              .arg(QDir::toNativeSeparators(path),
+                                   folder.isDir() ? QStringLiteral("cannot be read")
+                                                  : QStringLiteral("does not exist")));
     }
-    return QStringLiteral("The level cannot be opened: the folder %1 %2.")
-        .arg(QDir::toNativeSeparators(mdlEdit.LevelPath),
-             folder.isDir() ? QStringLiteral("cannot be read") : QStringLiteral("does not exist"));
-}
-
-std::optional<LevelFileError> LoadProfile(PrivateProfile& profile, const QString& path) {
-    const QString reason = profile.Load(path);
-    if (reason.isEmpty()) {
-        return std::nullopt;
-    }
-    return QStringLiteral("The level cannot be opened: %1 cannot be read: %2.")
-        .arg(QDir::toNativeSeparators(path), reason);
-}
-
-std::optional<LevelFileError> ReplaceLevelFile(const QString& path, const QByteArray& bytes,
-                                               const QString& remark) {
-    const QString reason = ReplaceFile(path, bytes);
-    if (reason.isEmpty()) {
-        return std::nullopt;
-    }
-    return QStringLiteral("%1 could not be saved: %2.%3")
-        .arg(QDir::toNativeSeparators(path), reason, remark);
 }
 
 } // namespace
 
-std::optional<LevelFileError> LoadLevel(const std::function<void()>& loadGraphics) {
-    if (auto error = CheckFolder()) {
-        return error;
+bool IsUsedFolder(const QString& folder) {
+    const QFileInfo file(LevelCfgPath(folder));
+    return file.isFile() && !file.isHidden();
+}
+
+void BeginLevel(const QString& folder) {
+    mdlEdit.LevelPath = folder;
+    mdlEdit.GraphicsLoaded = false;
+    mdlEdit.NumStartPoints = 0;
+    mdlEdit.NumItems = 0;
+    mdlEdit.NumWayPoints = 0;
+    mdlEdit.LevelWidth = -1;
+    mdlEdit.LevelHeight = -1;
+}
+
+std::optional<LevelFileError> LoadLevel() {
+    try {
+        CheckFolder(mdlEdit.LevelPath);
+        const QString levelPath = LevelCfgPath(mdlEdit.LevelPath);
+        const QString waypointPath = WaypointCfgPath(mdlEdit.LevelPath);
+        const QByteArray levelCfg = ReadRegularFile(levelPath, MaximumSize);
+        const QByteArray waypointCfg = ReadRegularFile(waypointPath, MaximumSize);
+        // Reading clears nothing first: what the files do not set, leftovers beyond the counts
+        // included, stays as the model has it.
+        LevelModel next = mdlEdit;
+        ReadLevelCfg(levelPath, levelCfg, next);
+        ReadWaypointCfg(waypointPath, waypointCfg, next);
+        mdlEdit = std::move(next);
+    } catch (const FileProblem& problem) {
+        return QStringLiteral("The level cannot be opened: ") + problem.Text();
     }
-    PrivateProfile levelCfg;
-    PrivateProfile waypointCfg;
-    const QString levelPath = LevelCfgPath();
-    const QString waypointPath = WaypointCfgPath();
-    if (auto error = LoadProfile(levelCfg, levelPath)) {
-        return error;
-    }
-    if (auto error = LoadProfile(waypointCfg, waypointPath)) {
-        return error;
-    }
-    // Reading clears nothing first: what the files do not set, leftovers beyond the counts
-    // included, stays as the model has it.
-    LevelModel next = mdlEdit;
-    LevelReader reader(next);
-    if (!reader.ReadLevelCfg(levelCfg) || !reader.ReadWaypointCfg(waypointCfg)) {
-        return QStringLiteral("The level cannot be opened: %1")
-            .arg(reader.Problem(levelPath, waypointPath));
-    }
-    mdlEdit = std::move(next);
-    loadGraphics();
     return std::nullopt;
 }
 
 std::optional<LevelFileError> SaveLevel() {
-    if (mdlEdit.LevelPath.isEmpty()) {
-        return QStringLiteral("The level cannot be saved: no level folder has been chosen yet. "
-                              "Please use \"New\" or \"Open\" first.");
+    QString remark;
+    try {
+        if (mdlEdit.LevelPath.isEmpty()) {
+            throw FileProblem(
+                QStringLiteral("The level cannot be saved: no level folder has been chosen yet. "
+                               "Please use \"New\" or \"Open\" first."));
+        }
+        // Both texts stand before the first file is touched.
+        const QByteArray levelCfg = WriteLevelCfg(mdlEdit);
+        const QByteArray waypointCfg = WriteWaypointCfg(mdlEdit);
+        ReplaceFile(LevelCfgPath(mdlEdit.LevelPath), levelCfg);
+        remark = QStringLiteral(" level.cfg was saved.");
+        if (mdlEdit.NumWayPoints != 0) {
+            ReplaceFile(WaypointCfgPath(mdlEdit.LevelPath), waypointCfg);
+        }
+    } catch (const FileProblem& problem) {
+        return problem.Text() + remark;
     }
-    // Both texts stand before the first file is touched.
-    QByteArray levelCfg;
-    if (auto error = WriteLevelCfg(mdlEdit, levelCfg)) {
-        return error;
-    }
-    const QByteArray waypointCfg = WriteWaypointCfg(mdlEdit);
-
-    if (auto error = ReplaceLevelFile(LevelCfgPath(), levelCfg, {})) {
-        return error;
-    }
-    if (mdlEdit.NumWayPoints == 0) {
-        return std::nullopt;
-    }
-    return ReplaceLevelFile(WaypointCfgPath(), waypointCfg,
-                            QStringLiteral(" level.cfg was saved."));
+    return std::nullopt;
 }
 
 } // namespace editor

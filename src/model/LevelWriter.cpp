@@ -4,13 +4,17 @@
 #include "model/LevelWriter.h"
 
 #include "files/CodePage.h"
+#include "files/FileProblem.h"
 
-#include <QStringList>
+#include <QString>
+
+#include <cstddef>
+#include <optional>
 
 namespace editor {
 namespace {
 
-/// Collects the lines of one file and the first text that cannot be written.
+/// Collects the lines of one file.
 class Lines {
   public:
     void Blank() { bytes_ += "\r\n"; }
@@ -32,14 +36,14 @@ class Lines {
         const std::optional<QByteArray> encoded = ToCodePage(value);
         if (!encoded) {
             const QString character = FirstOutsideCodePage(value);
-            Fail(field, QStringLiteral("the character \"%1\" (U+%2) does not exist in the game's "
-                                       "code page, Windows-1252")
-                            .arg(character, CodePoint(character)));
-        } else if (encoded->contains('\r') || encoded->contains('\n') || encoded->contains('\0')) {
-            Fail(field, QStringLiteral("it holds a line break or a NUL character"));
-        } else {
-            bytes_ += key + "=" + *encoded + "\r\n";
+            Refuse(field, QStringLiteral("the character \"%1\" (U+%2) does not exist in the game's "
+                                         "code page, Windows-1252")
+                              .arg(character, CodePoint(character)));
         }
+        if (encoded->contains('\r') || encoded->contains('\n') || encoded->contains('\0')) {
+            Refuse(field, QStringLiteral("it holds a line break or a NUL character"));
+        }
+        bytes_ += key + "=" + *encoded + "\r\n";
     }
 
     void TextUnlessEmpty(const QByteArray& key, const QString& value, const QString& field) {
@@ -49,23 +53,18 @@ class Lines {
     }
 
     [[nodiscard]] const QByteArray& Bytes() const { return bytes_; }
-    [[nodiscard]] const std::optional<LevelFileError>& Error() const { return error_; }
 
   private:
     static QString CodePoint(const QString& character) {
-        const auto point = character.toUcs4().value(0);
-        return QString::number(point, 16).toUpper().rightJustified(4, u'0');
+        return QStringLiteral("%1").arg(character.toUcs4().value(0), 4, 16, QChar(u'0')).toUpper();
     }
 
-    void Fail(const QString& field, const QString& reason) {
-        if (!error_) {
-            error_ = QStringLiteral("The level was not saved: the %1 cannot be written: %2.")
-                         .arg(field, reason);
-        }
+    [[noreturn]] static void Refuse(const QString& field, const QString& reason) {
+        throw FileProblem(QStringLiteral("The level was not saved: the %1 cannot be written: %2.")
+                              .arg(field, reason));
     }
 
     QByteArray bytes_;
-    std::optional<LevelFileError> error_;
 };
 
 void WriteItem(Lines& lines, const ItemRec& item, int index) {
@@ -97,7 +96,7 @@ void WriteWaypoint(Lines& lines, const WaypointRec& waypoint, int index) {
 
 } // namespace
 
-std::optional<LevelFileError> WriteLevelCfg(const LevelModel& model, QByteArray& bytes) {
+QByteArray WriteLevelCfg(const LevelModel& model) {
     Lines lines;
     lines.Section("Map");
     lines.Text("Back", model.BackFile, QStringLiteral("name of the background graphics"));
@@ -126,10 +125,7 @@ std::optional<LevelFileError> WriteLevelCfg(const LevelModel& model, QByteArray&
     for (int n = 0; n < model.ItemTable().Size(); ++n) {
         WriteItem(lines, model.ItemTable()[n], n);
     }
-    if (!lines.Error()) {
-        bytes = lines.Bytes();
-    }
-    return lines.Error();
+    return lines.Bytes();
 }
 
 QByteArray WriteWaypointCfg(const LevelModel& model) {

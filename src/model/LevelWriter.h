@@ -3,20 +3,16 @@
 
 #pragma once
 
-#include "model/LevelFiles.h"
 #include "model/mdlEdit.h"
 
 #include <QByteArray>
 
-#include <optional>
-
 namespace editor {
 
-/// The content of `level.cfg` for `model`, in the code page, every line ended by CR LF. Fails when
-/// a text of the model cannot stand in the file: it holds a character that the code page lacks, or
-/// one that would end the line or the value.
-[[nodiscard]] std::optional<LevelFileError> WriteLevelCfg(const LevelModel& model,
-                                                          QByteArray& bytes);
+/// The content of `level.cfg` for `model`, in the code page, every line ended by CR LF. Throws
+/// FileProblem when a text of the model cannot stand in the file: it holds a character that the
+/// code page lacks, or one that would end the line or the value.
+[[nodiscard]] QByteArray WriteLevelCfg(const LevelModel& model);
 
 /// The content of `waypoint.cfg`; it holds numbers only.
 [[nodiscard]] QByteArray WriteWaypointCfg(const LevelModel& model);

@@ -29,9 +29,7 @@ class LevelFiles : public testing::Test {
     }
 
     /// The message of a Load, empty when it succeeded.
-    QString Load() {
-        return LoadLevel([this] { ++graphicsLoads; }).value_or(QString());
-    }
+    QString Load() { return LoadLevel().value_or(QString()); }
 
     QString LoadTexts(const QByteArray& level, const QByteArray& waypoint = {}) {
         folder.Write(LevelCfg, level);
@@ -42,7 +40,6 @@ class LevelFiles : public testing::Test {
     static QString Save() { return SaveLevel().value_or(QString()); }
 
     LevelFolder folder;
-    int graphicsLoads = 0;
 };
 
 TEST_F(LevelFiles, EveryLineIsWrittenAsItsRuleSays) {
@@ -102,7 +99,6 @@ TEST_F(LevelFiles, AnEmptyFolderReadsAsAnEmptyLevelAndLeftoversStay) {
     EXPECT_EQ(Text(mdlEdit), Text({}));
     EXPECT_EQ(mdlEdit.Items[2], leftover);
     EXPECT_EQ(mdlEdit.Zoom, 4);
-    EXPECT_EQ(graphicsLoads, 1);
 }
 
 TEST_F(LevelFiles, MissingKeysTakeTheirDefaults) {
@@ -181,7 +177,6 @@ TEST_F(LevelFiles, WhatCannotBeReadOrHeldIsRefusedAndNothingChanges) {
     expectRefused(u"leads nowhere"_s);
     mdlEdit.LevelPath = folder.Path(u"gone"_s);
     expectRefused(u"gone does not exist"_s);
-    EXPECT_EQ(graphicsLoads, 0);
 }
 
 TEST_F(LevelFiles, NegativeCountsAreKeptAndCountAsNothing) {

@@ -59,9 +59,7 @@ inline LevelModel RandomLevel(std::mt19937& random) {
 /// What a Save writes of the level: the same for two levels of the same settings, counts and
 /// records in use.
 inline QByteArray Text(const LevelModel& model) {
-    QByteArray text;
-    static_cast<void>(WriteLevelCfg(model, text));
-    return text + WriteWaypointCfg(model);
+    return WriteLevelCfg(model) + WriteWaypointCfg(model);
 }
 
 } // namespace editor::test
