@@ -120,38 +120,37 @@ TEST(Gestures, CreateOnTopUntilTheTableIsFullAndDeleteByTheLast) {
     EXPECT_EQ(model.StartPoints[50], (StartPointRec{50, 4}));
 }
 
-TEST(WaypointGestures, LinkUnlinkOrRefuse) {
-    // The links of the selected waypoint 0, where the pointer is, the jump (1) and rope (2) boxes.
-    using Row = std::tuple<std::string, float, int, std::string, std::string>;
+TEST(WaypointGestures, LinkUnlinkRefuseOrCreate) {
+    // The selection, the links of waypoint 0, where the pointer is, the jump (1), rope (2) and
+    // reload (4) boxes.
+    using Row = std::tuple<std::int16_t, std::string, float, int, std::string, std::string>;
     const char* tooMany = "Maximum number of links reached";
-    for (const auto& [before, x, boxes, after, result] :
-         {Row{"-", 30, 0, "3.0", "repaint"}, Row{"2.3", 30, 1, "2.3,3.1", "repaint"},
-          Row{"-", 35, 2, "3.2", "repaint"},
-          Row{"1.0,2.0,4.0", 30, 3, "1.0,2.0,4.0,3.3", "repaint"},
-          Row{"1.0,2.1,3.2,4.3", 20, 0, "1.0,4.3,3.2", "repaint"},
-          Row{"1.0,2.1,3.2,4.3,5.0", 10, 0, "5.0,2.1,3.2,4.3", "repaint"},
-          Row{"1.0,2.1,3.2,4.3", 50, 0, "1.0,2.1,3.2,4.3", tooMany}, Row{"3.0", 0, 0, "3.0", ""},
-          Row{"0.1,3.0", 0, 0, "3.0", "repaint"}}) {
+    for (const auto& [selected, before, x, boxes, after, result] :
+         {Row{0, "-", 30, 0, "3.0 - - - - -", "repaint"},
+          Row{0, "2.3", 30, 1, "2.3,3.1 - - - - -", "repaint"},
+          Row{0, "-", 35, 2, "3.2 - - - - -", "repaint"},
+          Row{0, "1.0,2.0,4.0", 30, 3, "1.0,2.0,4.0,3.3 - - - - -", "repaint"},
+          Row{0, "1.0,2.1,3.2,4.3", 20, 0, "1.0,4.3,3.2 - - - - -", "repaint"},
+          Row{0, "1.0,2.1,3.2,4.3,5.0", 10, 0, "5.0,2.1,3.2,4.3 - - - - -", "repaint"},
+          Row{0, "1.0,2.1,3.2,4.3", 50, 0, "1.0,2.1,3.2,4.3 - - - - -", tooMany},
+          Row{0, "3.0", 0, 0, "3.0 - - - - -", ""},
+          Row{0, "0.1,3.0", 0, 0, "3.0 - - - - -", "repaint"},
+          Row{-1, "1.1", 2, 0, "1.1 - - - - - -", "repaint"},
+          Row{6, "-", 2, 4, "- - - - - - -", "repaint"},
+          Row{0, "1.1", 17, 4, "1.1 - - - - - -", "repaint"}}) {
         LevelModel model = Graph(before + " - - - - -");
         model.WayPoints[4].X = 36; // beside waypoint 3; the lowest index wins
-        std::int16_t curpoint = 0;
-        const WaypointChoices choices = {.jump = boxes % 2 == 1, .rope = boxes / 2 == 1};
-        EXPECT_EQ(Text(LinkOrCreateWaypoint(model, curpoint, {x - 2, 3}, choices)), result);
-        EXPECT_EQ(Text(model), after + " - - - - -");
-    }
-}
-
-TEST(WaypointGestures, CreateWithoutASelectionOrATarget) {
-    using Row = std::pair<std::int16_t, std::int16_t>; // the selection and where the pointer is
-    for (const auto& [selected, x] : {Row{-1, 0}, Row{2, 0}, Row{0, 5}}) {
-        LevelModel model = Graph("1.1 -");
-        model.WayPoints[2] = {0, 0, 7, {9, 8}, {}, 1};
+        model.WayPoints[6] = {0, 0, 7, {9, 8}, {}, 1};
         std::int16_t curpoint = selected;
-        const LevelPoint pointer = {static_cast<float>(x), 2};
-        EXPECT_TRUE(LinkOrCreateWaypoint(model, curpoint, pointer, {.reload = true}).repaint);
-        EXPECT_EQ(model.WayPoints[2], (WaypointRec{x, 2, ReloadWaypoint, {9, 8}, {}, -1}));
-        EXPECT_EQ(Text(model), "1.1 - -");
-        EXPECT_EQ(curpoint, 2);
+        const WaypointChoices choices = {boxes == 4, boxes % 2 == 1, boxes / 2 == 1};
+        EXPECT_EQ(Text(LinkOrCreateWaypoint(model, curpoint, {x - 2, 3}, choices)), result);
+        EXPECT_EQ(Text(model), after);
+        if (model.NumWayPoints == 7) {
+            const auto created = static_cast<std::int16_t>(x - 2),
+                       flags = static_cast<std::int16_t>(boxes / 4);
+            EXPECT_EQ(model.WayPoints[6], (WaypointRec{created, 3, flags, {9, 8}, {}, -1}));
+            EXPECT_EQ(curpoint, 6);
+        }
     }
 }
 

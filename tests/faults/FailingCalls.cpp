@@ -7,7 +7,7 @@
 #include <csignal>
 #include <cstddef>
 #include <dlfcn.h>
-#include <sys/types.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace editor::test {
@@ -65,18 +65,19 @@ extern "C" {
 
 INJECT(int, open, (const char* path, int flags, mode_t mode), (path, flags, mode))
 INJECT(int, open64, (const char* path, int flags, mode_t mode), (path, flags, mode))
-INJECT(int, fsync, (int fd), (fd))
 INJECT(int, fdatasync, (int fd), (fd))
 INJECT(int, close, (int fd), (fd))
 INJECT(int, fchmod, (int fd, mode_t mode), (fd, mode))
-INJECT(int, ftruncate64, (int fd, off_t size), (fd, size))
 INJECT(int, rename, (const char* from, const char* to), (from, to))
-INJECT(int, renameat2, (int a, const char* from, int b, const char* to, unsigned flags),
-       (a, from, b, to, flags))
-INJECT(int, link, (const char* from, const char* to), (from, to))
 INJECT(int, linkat, (int a, const char* from, int b, const char* to, int flags),
        (a, from, b, to, flags))
-INJECT(int, unlink, (const char* path), (path))
+
+int fsync(int fd) {
+    static const auto real = reinterpret_cast<int (*)(int)>(::dlsym(RTLD_NEXT, "fsync"));
+    struct stat file = {};
+    ::fstat(fd, &file);
+    return Fails(S_ISDIR(file.st_mode) ? "fsync of the folder" : "fsync") ? -1 : real(fd);
+}
 
 ssize_t write(int fd, const void* bytes, std::size_t count) {
     static const auto real =

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 // Fails each system call of a Save in turn, with each of the errors that a disk can give, and kills
-// the process before each. Prints what came of it as a table: this program alone,
-// without arguments, is the table of faults.
+// the process before each. Prints what came of it as a table, which is what this program is for
+// when it is run by itself.
 
 #include "faults/FailingCalls.h"
 #include "model/LevelFiles.h"
@@ -14,6 +14,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <gtest/gtest.h>
+#include <set>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -67,35 +68,44 @@ class SaveFaults : public testing::TestWithParam<bool> {
 };
 
 TEST_P(SaveFaults, AnErrorIsToldAndLosesNothing) {
+    std::set<std::string> told, silent;
     for (const int error : {ENOSPC, EIO, EACCES, EDQUOT}) {
-        int number = 1;
-        for (std::string call = "first"; !call.empty(); ++number) {
+        std::string call = "first";
+        for (int number = 1; !call.empty(); ++number) {
             Reset();
             Arm({number, error});
             const QString message = SaveLevel().value_or(QString());
             call = Disarm();
+            (message.isEmpty() ? silent : told).insert(call);
             const std::string outcome = Outcome();
             SCOPED_TRACE(call + " " + ::strerrorname_np(error));
-            std::printf("%-4d %-10s %-7s %-40s %s\n", number, call.c_str(),
+            std::printf("%-4d %-19s %-7s %-40s %s\n", number, call.c_str(),
                         ::strerrorname_np(error), outcome.c_str(),
                         message.isEmpty() ? "done" : "told");
             EXPECT_EQ(outcome, message.isEmpty()                          ? BothSaved
                                : message.contains(u"level.cfg was saved") ? LevelSaved
                                                                           : NoneSaved);
-            EXPECT_TRUE(message.isEmpty() || message.contains(folder.Path(
-                                                 outcome == LevelSaved ? WaypointCfg : LevelCfg)))
-                << message.toStdString();
-            EXPECT_TRUE(message.isEmpty() || message.contains(qt_error_string(error)) ||
-                        message.contains(u"permissions cannot be kept"))
+            const QString& file = outcome == LevelSaved ? WaypointCfg : LevelCfg;
+            const QString reason =
+                call == "fchmod" ? u"its permissions cannot be kept"_s : qt_error_string(error);
+            EXPECT_TRUE(message.isEmpty() ||
+                        message.startsWith(folder.Path(file) + u" could not be saved: "_s + reason))
                 << message.toStdString();
             EXPECT_EQ(Text(mdlEdit), newLevel + newWaypoint);
-            for (const QString& left : folder.Names()) {
-                EXPECT_TRUE(left == LevelCfg || left == WaypointCfg) << left.toStdString();
-            }
+            EXPECT_LE(folder.Names().size(), 2) << "a temporary file is left";
             EXPECT_FALSE(SaveLevel().has_value());
             EXPECT_EQ(Outcome(), BothSaved);
         }
-        EXPECT_GT(number, 12) << "calls that fail";
+    }
+    // What may fail unseen, since nothing is lost by it: a second sync that Qt makes of a file that
+    // was synced, a name that another way gave, closing, and what comes after the rename.
+    for (const char* harmless :
+         {"", "fdatasync", "linkat", "close", "open", "fsync of the folder"}) {
+        silent.erase(harmless);
+    }
+    EXPECT_EQ(silent, std::set<std::string>());
+    for (const char* needed : {"open64", "write", "fsync", GetParam() ? "fchmod" : "linkat"}) {
+        EXPECT_EQ(told.count(needed), 1) << needed;
     }
 }
 

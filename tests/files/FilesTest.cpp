@@ -9,6 +9,7 @@
 #include <QFile>
 
 #include <gtest/gtest.h>
+#include <numeric>
 #include <sys/stat.h>
 
 namespace editor {
@@ -41,18 +42,16 @@ TEST(FindInFolder, PrefersTheExactNameAndIgnoresLetterCaseOtherwise) {
 }
 
 TEST(CodePage, HoldsEveryByteOnceAndNamesWhatItLacks) {
-    QByteArray bytes;
-    for (int i = 0; i < 256; ++i) {
-        bytes.append(static_cast<char>(i));
-    }
+    QByteArray bytes(256, '\0');
+    std::iota(bytes.begin(), bytes.end(), '\0');
     const QString text = FromCodePage(bytes);
     EXPECT_EQ(ToCodePage(text), bytes);
-    EXPECT_EQ(text.mid(0x7F, 3), u"\u007f\u20ac\u0081"_s);
-    EXPECT_EQ(text.mid(0x9E, 3), u"\u017e\u0178\u00a0"_s);
-    EXPECT_EQ(FirstOutsideCodePage(text), QString());
+    EXPECT_EQ(text.mid(0x7F, 3) + text.mid(0x9E, 3), u"\u007f\u20ac\u0081\u017e\u0178\u00a0"_s);
     EXPECT_FALSE(ToCodePage(u"\u0080"_s).has_value());
-    EXPECT_EQ(FirstOutsideCodePage(u"ab\u0416c"_s), u"\u0416"_s);
-    EXPECT_EQ(FirstOutsideCodePage(QString(QChar(0xD800))), QString(QChar(0xD800)));
+    for (const QString& lacking :
+         {u"\u0416"_s, u"\U0001F60A"_s, QString(QChar(0xD800)), QString()}) {
+        EXPECT_EQ(FirstOutsideCodePage(text + lacking), lacking);
+    }
 }
 
 TEST(OpenRegularFile, OpensNothingThatMayWaitForEver) {
