@@ -20,10 +20,6 @@ constexpr QFileDevice::Permissions EveryonesPermissions =
     QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::WriteGroup |
     QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 
-QFileDevice::Permissions PermissionsOf(const QFileDevice& file) {
-    return file.permissions() & EveryonesPermissions;
-}
-
 // A disk that becomes full first takes a part, which is no error yet and gives no reason.
 bool WriteAll(QSaveFile& file, const QByteArray& bytes) {
     qint64 written = 1;
@@ -40,8 +36,8 @@ void ReplaceFile(const QString& path, const QByteArray& bytes) {
         throw FileProblem(QStringLiteral("%1 could not be saved: %2.")
                               .arg(QDir::toNativeSeparators(path), reason));
     };
-    const QFile old(path);
-    if (old.exists() && !IsRegularFile(path)) {
+    const bool exists = QFileInfo::exists(path); // not so of a link that leads nowhere
+    if (exists && !IsRegularFile(path)) {
         fail(QStringLiteral("it is not a file"));
     }
     // What is not committed goes with this object. QSaveFile::commit() does not check the last
@@ -51,7 +47,8 @@ void ReplaceFile(const QString& path, const QByteArray& bytes) {
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         fail(file.errorString());
     }
-    if (old.exists() && PermissionsOf(file) != PermissionsOf(old)) {
+    if (exists && (file.permissions() & EveryonesPermissions) !=
+                      (QFile::permissions(path) & EveryonesPermissions)) {
         fail(QStringLiteral("its permissions cannot be kept"));
     }
     if (!WriteAll(file, bytes)) {

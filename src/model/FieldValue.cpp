@@ -27,7 +27,8 @@ double FieldValue(QStringView text) {
         QStringLiteral("^(?:&h(?<hex>[0-9a-f]+)|&o(?<oct>[0-7]+)|"
                        "(?<dec>[+-]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:e[+-]?[0-9]+)?))"),
         QRegularExpression::CaseInsensitiveOption);
-    const QString significant = text.toString().remove(Ignored);
+    // Through Latin-1, since no expression matches a text with half a pair of surrogates.
+    const QString significant = QString::fromLatin1(text.toLatin1()).remove(Ignored);
     const QRegularExpressionMatch number = Number.match(significant);
     if (number.hasCaptured(u"hex")) {
         return NumberOf(number.capturedView(u"hex"), 16);

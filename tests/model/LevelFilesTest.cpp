@@ -204,6 +204,8 @@ TEST_F(LevelFiles, LinksAndPermissionsOutliveASave) {
     EXPECT_TRUE(QFileInfo(folder.Path(LevelCfg)).isSymLink());
     EXPECT_TRUE(folder.Read(u"real/target.cfg"_s).startsWith("[Map]\r\nBack=a\r\n"));
     EXPECT_EQ(QFile::permissions(target) & ~(QFile::ReadUser | QFile::WriteUser), permissions);
+    QDir(folder.Path(u"real"_s)).removeRecursively();
+    EXPECT_TRUE(Save().endsWith(u"level.cfg could not be saved: No such file or directory."_s));
 }
 
 TEST_F(LevelFiles, ASaveThatCannotBeDoneSaysWhyAndTouchesNothing) {
@@ -258,6 +260,7 @@ TEST(FieldValue, IsTheNumberThatATextBeginsWith) {
           Row{"1e400", HUGE_VAL}, Row{"-1e400", -HUGE_VAL}, Row{"1d5", 1}}) {
         EXPECT_EQ(FieldValue(QString::fromLatin1(text)), value) << text;
     }
+    EXPECT_EQ(FieldValue(u"12"_s + QChar(0xD800)), 12);
 }
 
 } // namespace
