@@ -25,7 +25,7 @@ int main(int argc, char** argv) {
     for (const auto& path : files) {
         std::ifstream file(path, std::ios::binary);
         const std::vector<char> bytes(std::istreambuf_iterator<char>(file), {});
-        std::printf("%s\n", path.c_str()); // the last one printed is the one that failed
+        std::printf("%s\n", path.string().c_str()); // the last one printed is the one that failed
         std::fflush(stdout);
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     }

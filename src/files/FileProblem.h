@@ -23,4 +23,12 @@ class FileProblem : public std::exception {
     QString text_;
 };
 
+/// A reason as the system gives it, without the full stop with which some end theirs.
+[[nodiscard]] inline QString WithoutFullStop(QString reason) {
+    if (reason.endsWith(u'.')) {
+        reason.chop(1);
+    }
+    return reason;
+}
+
 } // namespace editor

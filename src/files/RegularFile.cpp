@@ -23,8 +23,8 @@ std::unique_ptr<QFile> OpenRegularFile(const QString& path) {
 
 QByteArray ReadRegularFile(const QString& path, qint64 maximumSize) {
     const auto fail = [&path](const QString& reason) {
-        throw FileProblem(
-            QStringLiteral("%1 cannot be read: %2.").arg(QDir::toNativeSeparators(path), reason));
+        throw FileProblem(QStringLiteral("%1 cannot be read: %2.")
+                              .arg(QDir::toNativeSeparators(path), WithoutFullStop(reason)));
     };
     const QFileInfo info(path);
     if (!info.exists() && !info.isSymLink()) {

@@ -52,7 +52,8 @@ class MainWindow : public test::EditorFixture {
             mdlEdit.LevelPath = good.Path();
             In(main->levelSettings.Use(), u"txtBG"_s).setText(u"b.png"_s);
             In(main->levelSettings.Use(), u"txtMat"_s).setText(u"b.png"_s);
-            In(main->levelSettings.Use(), u"txtLev"_s).setText(object == u"nothing" ? u""_s : object);
+            In(main->levelSettings.Use(), u"txtLev"_s)
+                .setText(object == u"nothing" ? u""_s : object);
             In<QPushButton>(main->levelSettings.Use(), u"cmdOK"_s).click();
         } else {
             Type(verb);
@@ -129,7 +130,8 @@ TEST_F(MainWindow, NewKeepsTheSettingsAndEmptiesTheTables) {
     EXPECT_EQ(mdlEdit.NumItems + mdlEdit.NumStartPoints + mdlEdit.NumWayPoints, 0);
     EXPECT_EQ(QSize(mdlEdit.LevelWidth, mdlEdit.LevelHeight), QSize(-1, -1));
     EXPECT_EQ(mdlEdit.LevelFile + QString::number(mdlEdit.KickerForce), u"l.png7"_s);
-    EXPECT_EQ(In(main->levelSettings.Use(), u"txtJumper"_s).text(), u"1000"_s); // shown without Init
+    EXPECT_EQ(In(main->levelSettings.Use(), u"txtJumper"_s).text(),
+              u"1000"_s); // shown without Init
     EXPECT_EQ(asked.last(), u"Please select the destination folder"_s);
     EXPECT_EQ(asked.first(), u"Please select the level folder"_s);
 }
@@ -172,7 +174,7 @@ TEST_F(MainWindow, GraphicsAreFoundByEndingAndRefusedAsAWhole) {
     picture.save(good.Path(u"Level.Bmp"_s), "BMP");
     picture.save(good.Path(u"a-png.gif"_s), "PNG");
     picture.save(good.Path(u"png.bmp"_s), "PNG");
-    QFile::link(u"/dev/zero"_s, good.Path(u"zero.png"_s));
+    test::SymbolicLink(u"/dev/zero"_s, good.Path(u"zero.png"_s));
     const HeaderRec wide = Header(32768, 1, 8, Greyscale);
     WriteFile(good.Path(u"wide.png"_s).toStdString(),
               PngOf(wide, Filtered(wide, NoiseRows(wide, 1), {0})));

@@ -74,7 +74,9 @@ TEST_F(LevelDialog, BrowsingStartsInTheCurrentDirectoryNamedAsTheLevelFolderIs) 
     const QTemporaryDir temporary;
     QDir root(temporary.path());
     ASSERT_TRUE(root.mkpath(u"real/gfx/far"_s) && root.mkdir(u"gone"_s));
-    ASSERT_TRUE(QFile::link(u"real"_s, root.filePath(u"link"_s)));
+    if (!test::SymbolicLink(u"real"_s, root.filePath(u"link"_s))) {
+        GTEST_SKIP() << "no symbolic links here";
+    }
     const QString rows[][3] = {{u"link"_s, u"real"_s, u"link"_s}, // level, current, start
                                {u"link"_s, u"link/gfx"_s, u"link/gfx"_s},
                                {u"real/gfx"_s, u"real"_s, u"real"_s},

@@ -10,13 +10,12 @@
 
 #include <gtest/gtest.h>
 #include <numeric>
-#include <sys/stat.h>
 
 namespace editor {
 namespace {
 
 using namespace Qt::StringLiterals;
-using test::LevelFolder;
+using namespace test;
 
 TEST(FindInFolder, PrefersTheExactNameAndIgnoresLetterCaseOtherwise) {
     LevelFolder folder;
@@ -30,9 +29,10 @@ TEST(FindInFolder, PrefersTheExactNameAndIgnoresLetterCaseOtherwise) {
           Row{"gfx\\back.png", "gfx/back.png"}, Row{"gfx/MAT.png", "GFX/mat.png"},
           Row{"gfx\\a\\Y.PNG", "Gfx/A/y.png"}, Row{"both.png", "both.png"},
           Row{"Both.PNG", "BOTH.png"}, Row{"WITH BLANK \xC3\xA4.png", "with blank \xC3\xA4.png"},
-          Row{"missing\\one.png", "missing/one.png"}, Row{"\\Level.PNG", "Level.PNG"}}) {
-        EXPECT_EQ(FindInFolder(folder.Path(), QString::fromUtf8(name)),
-                  folder.Path(QString::fromUtf8(found)))
+          Row{"\\Level.PNG", "Level.PNG"}}) {
+        // As files, not as names, of which some systems take more than one for the same.
+        EXPECT_EQ(QFileInfo(FindInFolder(folder.Path(), QString::fromUtf8(name))),
+                  QFileInfo(folder.Path(QString::fromUtf8(found))))
             << name;
     }
     // Two folders for each "gfx": 2^28 ways, none of which leads to the file.
@@ -57,9 +57,9 @@ TEST(CodePage, HoldsEveryByteOnceAndNamesWhatItLacks) {
 TEST(OpenRegularFile, OpensNothingThatMayWaitForEver) {
     LevelFolder folder;
     folder.Write(u"empty.bmp"_s, {});
-    const QString pipe = folder.Path(u"pipe.bmp"_s);
-    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    for (const QString& path : {pipe, folder.Path(), folder.Path(u"none.bmp"_s),
+    const QString endless = folder.Path(u"endless.bmp"_s);
+    SymbolicLink(u"/dev/zero"_s, endless);
+    for (const QString& path : {endless, folder.Path(), folder.Path(u"none.bmp"_s),
                                 folder.Path(u"empty.bmp"_s), QString()}) {
         EXPECT_EQ(OpenRegularFile(path), nullptr) << path.toStdString();
     }

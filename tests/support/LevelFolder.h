@@ -9,6 +9,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <filesystem>
 #include <stdexcept>
 
 namespace editor::test {
@@ -46,6 +47,13 @@ class LevelFolder {
   private:
     QTemporaryDir folder_;
 };
+
+/// Makes a symbolic link. False where the system has none: QFile::link() makes a file there.
+inline bool SymbolicLink(const QString& target, const QString& name) {
+    std::error_code error;
+    std::filesystem::create_symlink(target.toStdU16String(), name.toStdU16String(), error);
+    return !error;
+}
 
 /// The text with every line ended as the game's files end them.
 inline QByteArray CrLf(QByteArray text) {

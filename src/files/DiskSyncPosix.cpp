@@ -3,17 +3,13 @@
 
 #include "files/DiskSync.h"
 
-#ifdef Q_OS_UNIX
 #include <QFile>
 
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
-#endif
 
 namespace editor {
-
-#ifdef Q_OS_UNIX
 
 bool SyncToDisk(int descriptor) {
     return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
@@ -26,15 +22,5 @@ void SyncFolder(const QString& folder) {
         ::close(descriptor);
     }
 }
-
-#else
-
-bool SyncToDisk(int) {
-    return true;
-}
-
-void SyncFolder(const QString&) {}
-
-#endif
 
 } // namespace editor
