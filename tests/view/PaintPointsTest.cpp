@@ -45,7 +45,7 @@ TEST_F(PaintPoints, WaypointsShowTheirFlagsAndTheColourOfEachLink) {
     for (const int selected : {-1, 5}) {
         Paint(EditingMode::Waypoints, selected);
         // The links of a later waypoint end in the centres, over the earlier marks.
-        EXPECT_EQ(Colours({seen.pixel(161, 11), seen.pixel(160, 25), seen.pixel(161, 26)}),
+        EXPECT_EQ(Colours({seen.pixel(161, 11), seen.pixel(160, 25), seen.pixel(161, 41)}),
                   Colours({Black, Cyan, White}));
         // Half way along each link: dots and gaps, or a solid line three pixels wide.
         for (int i = 0; i < 5; ++i) {
