@@ -11,12 +11,24 @@ install(FILES packaging/torvak-level-editor.desktop
         DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/torvak-level-editor.metainfo.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
-        RENAME org.torvak.LevelEditor.metainfo.xml) # AppStream wants its id for a name
+        RENAME org.torvak.leveleditor.metainfo.xml) # AppStream wants its id for a name
 install(FILES packaging/torvak-level-editor.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES packaging/torvak-level-editor.png
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/48x48/apps)
-install(FILES packaging/torvak-level-editor.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+foreach(size 16 22 24 32 48 64 128 256) # drawn for the pixels of each size by scripts/icons
+    install(FILES packaging/icons/${size}.png
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps
+            RENAME torvak-level-editor.png)
+endforeach()
+
+# The manual page says where the guide and the examples lie, which depends on the prefix that
+# `cmake --install` is given.
+install(CODE "
+    set(VERSION ${PROJECT_VERSION})
+    set(DOCDIR \"${CMAKE_INSTALL_DOCDIR}\")
+    cmake_path(ABSOLUTE_PATH DOCDIR BASE_DIRECTORY \"\${CMAKE_INSTALL_PREFIX}\")
+    configure_file(\"${PROJECT_SOURCE_DIR}/packaging/torvak-level-editor.1.in\"
+                   \"${PROJECT_BINARY_DIR}/torvak-level-editor.1\" @ONLY NO_SOURCE_PERMISSIONS)")
+install(FILES ${PROJECT_BINARY_DIR}/torvak-level-editor.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 # docs/ and examples/ stay side by side, so that the links between them hold.
 install(FILES docs/guide.md docs/file-formats.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
