@@ -3,17 +3,17 @@
 
 #include "LoadedPicture.h"
 
+#include "Measuring.h"
 #include "pictures/Picture.h"
-#include "png/ChunkWalk.h"
 #include "png/ImageData.h"
 #include "png/PngFile.h"
 #include "png/Sizes.h"
+#include "png/cPNG.h"
 #include "png/mdlPNG.h"
 #include "view/LevelGraphics.h"
 
 #include <QImage>
 
-#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
@@ -25,27 +25,12 @@
 namespace editor {
 namespace {
 
-std::int64_t StatusBytes(const std::string& field) {
-    std::ifstream status("/proc/self/status");
-    std::string name;
-    while (status >> name) {
-        if (name == field + ":") {
-            std::int64_t kibibytes = 0;
-            status >> kibibytes;
-            return kibibytes * 1024;
-        }
-    }
-    return 0;
-}
-
 // Runs `load` with the process' peak memory starting at what it is now.
 Measured Run(const std::function<void()>& load) {
     std::ofstream("/proc/self/clear_refs") << "5";
     const std::int64_t before = StatusBytes("VmRSS");
-    const auto start = std::chrono::steady_clock::now();
-    load();
-    const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
-    return {time.count(), StatusBytes("VmHWM") - before};
+    const double milliseconds = Milliseconds(load);
+    return {milliseconds, StatusBytes("VmHWM") - before};
 }
 
 Measured LoadOurs(const std::filesystem::path& file) {
@@ -64,13 +49,11 @@ Measured LoadQt(const std::filesystem::path& file) {
 }
 
 Measured LoadUncompress(const std::filesystem::path& file) {
-    mdlPNG.ClearChunks();
-    mdlPNG.FileBytes = ReadPngFile(file);
-    HeaderRec header;
-    if (!ReadChunks(mdlPNG.FileBytes.bytes(), header)) {
+    if (cPNG().LoadPNGFile(file) != Accepted) {
         throw std::runtime_error("a picture of the benchmark was refused");
     }
     const auto data = GetImageData();
+    const HeaderRec& header = mdlPNG.PngHeader;
     std::vector<std::uint8_t> touched(static_cast<std::size_t>(RowBytes(header)) *
                                       static_cast<std::size_t>(header.Height));
     uLongf size = touched.size();

@@ -19,8 +19,7 @@ enum class Loader {
 /// One load in this process.
 struct Measured {
     double milliseconds = 0;
-    /// By how much the process' memory grew at most, in bytes; 0 where it is not measured.
-    std::int64_t peakBytes = 0;
+    std::int64_t bytes = 0; // by which the process's memory grew: at most, unless it says otherwise
 };
 
 /// From here on malloc() gives back no memory to the system, so that what the process frees it has

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <fstream>
 #include <iomanip>
 #include <sstream>
 #include <stdexcept>
@@ -35,6 +36,19 @@ double Milliseconds(const std::function<void()>& work) {
     const std::chrono::duration<double, std::milli> taken =
         std::chrono::steady_clock::now() - start;
     return taken.count();
+}
+
+std::int64_t StatusBytes(const std::string& field) {
+    std::ifstream status("/proc/self/status");
+    std::string name;
+    while (status >> name) {
+        if (name == field + ":") {
+            std::int64_t kibibytes = 0;
+            status >> kibibytes;
+            return kibibytes * 1024;
+        }
+    }
+    return 0;
 }
 
 double Median(std::vector<double> values) {

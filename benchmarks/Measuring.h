@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -10,6 +11,10 @@
 namespace editor {
 
 [[nodiscard]] double Milliseconds(const std::function<void()>& work);
+
+/// A field of this process's status in bytes: "VmRSS" what it has in memory, "VmHWM" the most that
+/// it had. 0 where the system has no such field.
+[[nodiscard]] std::int64_t StatusBytes(const std::string& field);
 
 [[nodiscard]] double Median(std::vector<double> values);
 

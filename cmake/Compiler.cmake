@@ -12,6 +12,9 @@ else()
 endif()
 target_compile_definitions(editor_compiler INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
                                                      QT_NO_KEYWORDS)
+if(EDITOR_PLAIN)
+    target_compile_definitions(editor_compiler INTERFACE EDITOR_PLAIN)
+endif()
 
 if(EDITOR_SANITIZE)
     target_compile_options(editor_compiler INTERFACE

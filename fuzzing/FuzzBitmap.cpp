@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     file.open(QIODevice::ReadOnly);
     std::uint32_t sum = 0;
     try {
-        const editor::Picture picture = editor::LoadBitmap(file, MaximumSide);
+        const editor::Picture picture = editor::LoadBitmap(file, {.MaximumSide = MaximumSide});
         if (picture.width() < 1 || picture.width() > MaximumSide || picture.height() < 1 ||
             picture.height() > MaximumSide) {
             std::abort();

@@ -15,6 +15,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <sstream>
+#include <string>
 #include <utility>
 
 namespace editor {
@@ -81,12 +83,6 @@ Bytes Cook(const PngRecipe& recipe, std::span<const std::uint8_t> rest) {
     return Join({file, IEND()});
 }
 
-LargeBuffer BufferOf(const Bytes& bytes) {
-    LargeBuffer buffer(bytes.size());
-    std::copy(bytes.begin(), bytes.end(), buffer.data());
-    return buffer;
-}
-
 void RequireWholeImage() {
     const BitmapRec& image = mdlPNG.PngImage;
     if (image.Pixels.empty()) {
@@ -113,7 +109,8 @@ void RequireOpaque(DrawingSurface& surface) {
 void LoadAndDraw(const Bytes& file, std::int32_t x, std::int32_t y) {
     const HeaderRec before = mdlPNG.PngHeader;
     cPNG png;
-    if (LoadPNGBytes(BufferOf(file)) != Accepted) {
+    std::istringstream contents(std::string(file.begin(), file.end()));
+    if (LoadContents(contents, file.size(), {}) != Accepted) {
         Require(mdlPNG.PngHeader == before, "a refused file leaves the header alone");
         return;
     }

@@ -9,8 +9,9 @@
 namespace editor {
 namespace {
 
-// The two circles of radius 2, drawn by hand: o the outline, f the inside. The outline of the wide
-// pen would cover all of the inside; the middle is left free so that its colour can be told.
+// The two circles of radius 2, drawn by hand: o is the outline, f the inside. The outline of the
+// wide pen would cover the inside completely; its middle is left free, so that the colour can be
+// seen.
 constexpr int NarrowSide = 5;
 constexpr std::string_view NarrowCircle = ".ooo."
                                           "offfo"
@@ -32,11 +33,13 @@ constexpr std::int64_t FloorDivide(std::int64_t a, std::int64_t b) {
     return a / b - (a % b < 0 ? 1 : 0); // b > 0
 }
 
-// Paint() keeps the position across as a binary fraction, so that a step is one addition, without
-// a branch that no processor could foresee. Rounded down, the slope lets the fraction fall behind
-// by less than 1 / (4 length) over the longest line that is painted so, and the fraction begins
-// ahead by that much: a true position is a multiple of 1 / (2 length), and so is where its pixel
-// changes.
+// Paint() keeps the position on the shorter axis as a binary fraction. A step is then one addition,
+// with no branch that the processor would guess wrong half of the time.
+//
+// The slope is rounded down, so that the position falls behind a little more with every step, but
+// by less than `Ahead` over the longest line that is painted like this. The true position is always
+// a multiple of 1 / (2 length), more than `Ahead`. Starting ahead by that much therefore keeps the
+// fraction between the true position and the next possible one, and every pixel is the right one.
 constexpr int FractionBits = 42;
 constexpr std::int64_t LongestQuickLine = std::int64_t{1} << 19;
 constexpr std::int64_t Ahead = (std::int64_t{1} << FractionBits) / (4 * LongestQuickLine);
@@ -75,9 +78,9 @@ QPoint LineSteps::At(std::int64_t i) const {
     return alongX_ ? QPoint(along, across) : QPoint(across, along);
 }
 
-// floor(a / (2 |rise|)). A line is clipped for every band that it is painted in, and divisions of
-// integers would cost as much as its pixels: the quotient of the nearest fractions is at most next
-// to the right one.
+// floor(a / (2 |rise|)). Lines are clipped anew for every band that is painted, and dividing
+// integers would cost as much as painting their pixels. Multiplying by the rounded inverse gives a
+// quotient that is at most one off.
 std::int64_t LineSteps::DividedByTwiceRise(std::int64_t a) const {
     const std::int64_t divisor = 2 * std::abs(rise_);
     auto quotient = static_cast<std::int64_t>(static_cast<double>(a) * inverse_);
@@ -105,12 +108,12 @@ std::pair<std::int64_t, std::int64_t> LineSteps::Inside(const QRect& area) const
     if (highest < shortLow || shortHigh < lowest) {
         return {0, -1};
     }
-    // The position across at step i is floor((2 i rise + length) / (2 length)); it is at least L
+    // On the shorter axis, step i is at floor((2 i rise + length) / (2 length)). That is at least L
     // exactly when 2 i rise >= (2 L - 1) length, and at most H exactly when
     // 2 i rise < (2 H + 1) length.
     const std::int64_t atLeast = (2 * shortLow - 1) * length_;
     const std::int64_t below = (2 * shortHigh + 1) * length_;
-    // A falling line meets the two limits in the other order.
+    // A line whose rise is negative meets the two limits in the other order.
     const auto [outside, inside] =
         rise_ > 0 ? std::pair(atLeast - 1, below - 1) : std::pair(-below, -atLeast);
     first = std::max(first, DividedByTwiceRise(outside) + 1);
@@ -129,7 +132,8 @@ void LineSteps::Paint(const RasterTarget& target, std::int64_t first, std::int64
     }
     const qsizetype along = every * (alongX_ ? 1 : target.stride);
     const qsizetype across = alongX_ ? target.stride : 1;
-    // The index of a pixel whose line has not gone across yet, which may lie outside.
+    // Where the pixel would be if the line had not moved on its shorter axis, perhaps outside of
+    // the target: an index and not a pointer, which may not point there.
     const std::int64_t right = (alongX_ ? start_ + first : shortStart_) - target.exposed.left();
     const std::int64_t down = (alongX_ ? shortStart_ : start_ + first) - target.exposed.top();
     std::int64_t index = down * target.stride + right;
@@ -166,7 +170,7 @@ void PaintCircle(const RasterTarget& target, const QPoint& centre, int lineWidth
 
 namespace {
 
-// Of each span across the line only what lies in the target is painted.
+// The line is a row of spans across its longer axis, of which the part in the target is painted.
 void PaintWideLine(const RasterTarget& target, const LineSteps& line, std::int64_t first,
                    std::int64_t last, int reach, bool dotted, std::uint32_t colour) {
     for (std::int64_t i = first; i <= last; ++i) {

@@ -4,37 +4,35 @@
 #include "painting/PersistentImage.h"
 
 #include "painting/MarkRaster.h"
+#include "pictures/WideRows.h"
 
 #include <algorithm>
 #include <cstring>
 #include <type_traits>
 
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
-
 namespace editor {
 namespace {
 
-// A region of many small rectangles costs more than the pixels that it saves.
+// Beyond this many small rectangles, a region costs more than painting everything.
 constexpr int MaximumRegionRects = 256;
 
-// Length of the pieces into which a line's changed area is cut, so that a long slanted line does
-// not count as the whole rectangle around it.
+// A line's changed area is made of pieces of this length, since the rectangle around the whole of a
+// long slanted line would be far too large.
 constexpr int ChangePiece = 64;
 
-// How far a mark's pixels may lie from its points.
+// No pixel of a mark is further from its points than this.
 constexpr int MaximumReach = 3;
 
-// View pixels that are copied, and of the next row prefetched, at a time.
+// Rows are copied in runs of this many view pixels; with each, the same run of the next row is
+// prefetched.
 constexpr int RunLength = 512;
 
 int SourceIndex(int view, int pictureSize, int stretchedSize) {
     return static_cast<int>(static_cast<std::int64_t>(view) * pictureSize / stretchedSize);
 }
 
-/// The pixels of a row of the picture that stand behind a run of view pixels. The zooms have loops
-/// of their own; only a view of another size goes by an index a pixel.
+/// Some view pixels side by side, and where in a row of the picture their colours come from. Each
+/// zoom has a loop of its own; only a view of any other size looks up an index for every pixel.
 class SourceRun {
   public:
     SourceRun(int first, int count, int pictureSize, int stretchedSize)
@@ -54,16 +52,9 @@ class SourceRun {
         }
     }
 
-    /// Has the run's pixels of `row` brought into the cache. A picture's rows lie too far apart for
-    /// the processor to foresee the next one.
-    void Prefetch([[maybe_unused]] const std::uint32_t* row) const {
-#ifdef __SSE2__
-        constexpr int PixelsOfACacheLine = 16;
-        for (int i = first_; i <= last_; i += PixelsOfACacheLine) {
-            _mm_prefetch(reinterpret_cast<const char*>(row + i), _MM_HINT_T0);
-        }
-#endif
-    }
+    /// Prefetches the run's pixels of `row`. The rows of a picture are too far apart in memory for
+    /// the processor to foresee which comes next.
+    void Prefetch(const std::uint32_t* row) const { editor::Prefetch(row + first_, row + last_); }
 
     /// Writes the run's pixels of `row`.
     void Copy(std::uint32_t* target, const std::uint32_t* row) const {
@@ -91,7 +82,7 @@ class SourceRun {
     }
 
   private:
-    // `step` and `times` are constants where the compiler is to know them.
+    // `step` and `times` are constants of the compiler's for the zooms, variables for other sizes.
     template <class Step>
     void CopyEvery(Step step, std::uint32_t* target, const std::uint32_t* source) const {
         for (int i = 0; i < count_; ++i) {
@@ -102,10 +93,11 @@ class SourceRun {
     template <class Times>
     void Repeat(Times times, std::uint32_t* target, const std::uint32_t* source) const {
         std::uint32_t* const end = target + count_;
-        const std::ptrdiff_t begun = times - repeated_; // what is left of the first pixel
+        const std::ptrdiff_t begun = times - repeated_; // view pixels left of the first one
         target = std::fill_n(target, std::min<std::ptrdiff_t>(begun, count_), *source);
         for (; end - target >= times; target += times) {
-            const std::uint32_t pixel = *++source; // no store can change it, so that they are wide
+            // A copy, which no store below can change; so the compiler can use wide ones.
+            const std::uint32_t pixel = *++source;
             for (int i = 0; i < times; ++i) {
                 target[i] = pixel;
             }
@@ -115,13 +107,13 @@ class SourceRun {
         }
     }
 
-    int first_; // of the picture's pixels, as is last_
+    int first_; // the run's first and last pixel in the picture's row
     int last_;
-    int count_;
-    int step_ = 0;     // picture pixels from view pixel to view pixel, where that is whole
-    int repeat_ = 0;   // view pixels of a picture pixel, where that is whole
-    int repeated_ = 0; // of which so many lie before the run
-    std::vector<int> indices_;
+    int count_;                // view pixels
+    int step_ = 0;             // picture pixels per view pixel, where that is a whole number
+    int repeat_ = 0;           // view pixels per picture pixel, where that is a whole number
+    int repeated_ = 0;         // how many view pixels of the first picture pixel are before the run
+    std::vector<int> indices_; // for all other sizes: each view pixel's picture pixel
 };
 
 } // namespace
@@ -183,7 +175,8 @@ QRegion PersistentImage::TakeChanges(const QRect& visible) {
     if (allChanged_) {
         region = visible;
     }
-    // A pixel that lies in no mark that differs is painted by the same marks in the same order.
+    // A pixel outside all marks that differ is painted by the same marks in the same order as
+    // before.
     const std::size_t longer = std::max(marks_.size(), reported_.size());
     for (std::size_t i = 0; i < longer && !allChanged_; ++i) {
         const bool before = i < reported_.size();
@@ -228,7 +221,7 @@ void PersistentImage::PaintBackground(std::uint32_t* target, qsizetype stride,
     };
     std::uint32_t* row =
         target + (covered.top() - exposed.top()) * stride + (covered.left() - exposed.left());
-    const std::uint32_t* drawn = nullptr; // where the pixels of `drawnSource` are
+    const std::uint32_t* drawn = nullptr; // the view row that shows row `drawnSource` already
     int drawnSource = -1;
     for (int y = covered.top(); y <= covered.bottom(); ++y, row += stride) {
         const int source = sourceRow(y);

@@ -5,6 +5,7 @@
 
 #include "painting/MarkRaster.h"
 #include "pictures/Picture.h"
+#include "pictures/Pixel.h"
 
 #include <QPoint>
 #include <QRect>
@@ -28,12 +29,13 @@ enum class LineStyle : std::uint8_t { Solid, Dotted };
 /// antialiased.
 class PersistentImage {
   public:
-    /// The most rows that Paint() should be asked for at a time: so many of a wide screen fit into
-    /// a processor's own cache, where the marks find the background and the window finds both.
+    /// Paint() should not be asked for more rows than this at a time. That many rows of a wide
+    /// screen fit into a processor's own cache: there the marks are painted over the background,
+    /// and from there both are copied to the window.
     static constexpr int BandHeight = 128;
 
     /// What is seen where there is no background.
-    static constexpr std::uint32_t PlainColour = 0xff808080;
+    static constexpr std::uint32_t PlainColour = NeutralGrey;
 
     /// Makes `picture`, stretched over the pixels from (0, 0) to `size`, the background. Pixel v
     /// of the window shows the picture's pixel floor(v × picture size / size) on each axis. What
@@ -44,7 +46,7 @@ class PersistentImage {
     /// Back to the background alone. The pen and the fill colour stay.
     void Clear();
 
-    // The pen, 1 or 3 pixels wide, and the inside of circles. All three stay until they are set
+    // The pen, 1 or 3 pixels wide, and the inside of circles, for all marks until they are set
     // again.
     void SetLineWidth(int pixels) { pen_.width = static_cast<std::uint8_t>(pixels); }
     void SetLineStyle(LineStyle style) { pen_.style = style; }
@@ -54,19 +56,19 @@ class PersistentImage {
     /// colour; with a pen of 3 pixels the fill shows in the middle.
     void Circle(const QPoint& centre, std::uint32_t colour);
 
-    /// A line from point to point, both included. A dotted one is made of single pixels with gaps;
-    /// the same line drawn from the other end has the same pixels.
+    /// A line between two points, both included. Of a dotted one, every other pixel is drawn. Drawn
+    /// from the other end, a line has the same pixels.
     void Line(const QPoint& from, const QPoint& to, std::uint32_t colour);
 
     /// The part of `visible` in which the image may differ from what it was at the last call.
     [[nodiscard]] QRegion TakeChanges(const QRect& visible);
 
-    /// Writes the pixels of `exposed`, a row every `stride` pixels, the top left one to *target.
+    /// Writes the pixels of `exposed` to `target`, whose rows are `stride` pixels apart.
     void Paint(std::uint32_t* target, qsizetype stride, const QRect& exposed) const;
 
   private:
     struct Mark {
-        std::int64_t top = 0; // the rows that it may reach
+        std::int64_t top = 0; // no pixel is above this row or below the other
         std::int64_t bottom = 0;
         bool circle = false;
         std::uint8_t width = 1;

@@ -4,6 +4,7 @@
 #include "pictures/BitmapFile.h"
 
 #include "pictures/BitmapHeader.h"
+#include "pictures/Pixel.h"
 
 #include <QByteArray>
 #include <QIODevice>
@@ -19,8 +20,6 @@
 
 namespace editor {
 namespace {
-
-constexpr std::uint32_t Opaque = 0xff000000;
 
 // What the value of a pixel says of one colour.
 class Channel {
@@ -75,11 +74,8 @@ class RowConverter {
   private:
     template <int Bits>
     void ConvertIndices(const std::uint8_t* from, std::uint32_t* to) const {
-        constexpr int PerByte = 8 / Bits;
-        constexpr int Mask = (1 << Bits) - 1;
         for (int x = 0; x < header_.width; ++x) {
-            const int shift = 8 - Bits - x % PerByte * Bits; // the first pixel has the upper bits
-            to[x] = header_.palette[static_cast<std::size_t>(from[x / PerByte] >> shift & Mask)];
+            to[x] = header_.palette[PackedSample<Bits>(from, x)];
         }
     }
 
@@ -101,24 +97,22 @@ class RowConverter {
     Channel blue_;
 };
 
-// Where the rows of the file, counted from the first, lie in the picture.
+// The rows of a picture in the order in which the file has them.
 class Rows {
   public:
     Rows(const BitmapHeader& header, QImage& image)
-        : first_(image.bits()), step_(image.bytesPerLine()) {
-        if (!header.topDown) {
-            first_ += step_ * (header.height - 1);
-            step_ = -step_;
-        }
-    }
+        : header_(header), pixels_(image.bits()), stride_(image.bytesPerLine()) {}
 
     [[nodiscard]] std::uint32_t* operator[](int row) const {
-        return reinterpret_cast<std::uint32_t*>(first_ + step_ * row);
+        uchar* bytes = header_.topDown ? pixels_ + row * stride_
+                                       : BottomUpRow(pixels_, stride_, header_.height, row);
+        return reinterpret_cast<std::uint32_t*>(bytes);
     }
 
   private:
-    uchar* first_;
-    std::ptrdiff_t step_;
+    const BitmapHeader& header_;
+    uchar* pixels_;
+    std::ptrdiff_t stride_;
 };
 
 bool ReadExactly(QIODevice& file, std::uint8_t* bytes, std::int64_t count) {
@@ -138,8 +132,8 @@ bool ReadPlainPixels(QIODevice& file, const BitmapHeader& header, const Rows& ro
     return true;
 }
 
-// Reads run-length encoded pixels. What lies outside the picture has no meaning in the format and
-// is left out.
+// Reads run-length encoded pixels. Those outside the picture, to which the format gives no meaning,
+// are dropped.
 class RunLengthReader {
   public:
     RunLengthReader(QIODevice& file, const BitmapHeader& header, const Rows& rows)
@@ -193,14 +187,13 @@ class RunLengthReader {
         return true;
     }
 
-    // The next `count` pixels have the indices in bytes_.
+    // The next `count` pixels have the indices that bytes_ holds.
     void Put(int count) {
         std::uint32_t* row = rows_[y_];
         const int end = std::min(x_ + count, header_.width);
         for (int i = 0; x_ < end; ++i, ++x_) {
-            const int byte = bytes_[static_cast<std::size_t>(i / perByte_)];
-            const int index = perByte_ == 1 ? byte : i % 2 == 0 ? byte >> 4 : byte & 0x0f;
-            row[x_] = header_.palette[static_cast<std::size_t>(index)];
+            row[x_] = header_.palette[perByte_ == 1 ? PackedSample<8>(bytes_.data(), i)
+                                                    : PackedSample<4>(bytes_.data(), i)];
         }
     }
 
@@ -215,11 +208,13 @@ class RunLengthReader {
 
 } // namespace
 
-Picture LoadBitmap(QIODevice& file, int maximumSide) {
-    const std::optional<BitmapHeader> header = ReadBitmapHeader(file, maximumSide);
+Picture LoadBitmap(QIODevice& file, const PictureLimits& limits) {
+    const std::optional<BitmapHeader> header = ReadBitmapHeader(file, limits.MaximumSide);
     if (!header || !file.seek(header->pixelOffset)) {
         throw std::runtime_error("not a readable bitmap");
     }
+    limits.RequireBytes(sizeof(std::uint32_t) * static_cast<std::uint64_t>(header->width) *
+                        static_cast<std::uint64_t>(header->height));
     QImage image(header->width, header->height, QImage::Format_RGB32);
     if (image.isNull()) {
         throw std::bad_alloc();

@@ -3,6 +3,8 @@
 
 #include "pictures/BitmapHeader.h"
 
+#include "pictures/Pixel.h"
+
 #include <QDataStream>
 #include <QIODevice>
 
@@ -15,7 +17,7 @@ namespace {
 constexpr quint16 Signature = 0x4d42; // "BM"
 constexpr std::int64_t FileHeaderSize = 14;
 
-// Sizes of the information header, which tell the kinds of files.
+// The sizes of the information header, by which the kinds of files are told apart.
 constexpr quint32 Core = 12; // OS/2 1.x
 constexpr quint32 Info = 40;
 constexpr quint32 InfoWithMasks = 52;
@@ -24,15 +26,14 @@ constexpr quint32 Core2 = 64; // OS/2 2.x
 constexpr quint32 Version4 = 108;
 constexpr quint32 Version5 = 124;
 
-// The masks follow the 40 bytes that all headers but Core have, within the header or behind it.
+// All headers but Core begin with the same 40 bytes; the masks come next, whether they are part of
+// a longer header or follow it.
 constexpr std::int64_t MasksOffset = FileHeaderSize + Info;
 constexpr std::int64_t MaskSize = 4;
 
-constexpr std::uint32_t Opaque = 0xff000000;
-
-// A run of 2 bytes holds up to 255 pixels. More pixels than that can only be meant where a file
-// leaves out parts of the picture, which a small picture may do; a large one, for which a few bytes
-// would claim gigabytes, may not.
+// A run of 2 bytes stands for up to 255 pixels. A file that has more pixels per byte leaves out
+// parts of the picture. Small pictures may do that; in a large one, a few bytes would claim
+// gigabytes.
 constexpr std::int64_t MostPixelsPerByte = 128;
 constexpr std::int64_t PixelsForAnyFile = std::int64_t{4096} * 4096;
 
@@ -45,7 +46,7 @@ struct Fields {
     quint16 planes = 0;
     quint16 bitsPerPixel = 0;
     quint32 compression = 0;
-    quint32 colours = 0; // in the palette; 0: as many as the bits can name
+    quint32 colours = 0; // in the palette; 0: as many as there are indices
 
     [[nodiscard]] bool HasMasks() const {
         return compression == quint32(BitmapCompression::BitFields) ||
@@ -99,7 +100,7 @@ bool IsKnownCoding(const Fields& fields) {
         return bits == 4;
     case BitmapCompression::BitFields:
     case BitmapCompression::AlphaBitFields:
-        // In OS/2 the same number names another coding.
+        // In files of OS/2 the same number stands for another coding.
         return (bits == 16 || bits == 32) && fields.headerSize != Core2;
     default:
         return false;
@@ -124,7 +125,7 @@ void ReadMasks(QDataStream& in, const Fields& fields, BitmapHeader& header) {
     }
 }
 
-// Some files have a shorter palette than they say; then it ends where the pixels begin.
+// Some files have a shorter palette than they say: it ends where the pixels begin.
 void ReadPalette(QDataStream& in, const Fields& fields, BitmapHeader& header) {
     header.palette.fill(Opaque);
     const std::int64_t entrySize = fields.headerSize == Core ? 3 : 4;

@@ -11,7 +11,7 @@ class QIODevice;
 
 namespace editor {
 
-/// How the pixels of a BMP file are stored: the numbers of the file format.
+/// How the pixels of a BMP file are stored, as numbered in the file format.
 enum class BitmapCompression : std::uint32_t {
     None = 0,
     RunLength8 = 1,
@@ -20,8 +20,8 @@ enum class BitmapCompression : std::uint32_t {
     AlphaBitFields = 6,
 };
 
-/// What a BMP file says about its pixels (Windows bitmap file format, with the headers of OS/2),
-/// checked against the size of the file.
+/// What a BMP file says about its pixels (in the bitmap file format of Windows, or with a header of
+/// OS/2), checked against the size of the file.
 struct BitmapHeader {
     std::int64_t pixelOffset = 0; // of the first pixel byte in the file
     std::int32_t width = 0;
@@ -29,12 +29,12 @@ struct BitmapHeader {
     bool topDown = false; // else the bottom row comes first
     int bitsPerPixel = 0; // 1, 4, 8, 16, 24 or 32
     BitmapCompression compression = BitmapCompression::None;
-    /// Colours 0xffRRGGBB of up to 8 bits a pixel; black where the file gives none.
+    /// With up to 8 bits per pixel: the colours 0xffRRGGBB, black where the file gives none.
     std::array<std::uint32_t, 256> palette{};
-    /// The bits of a pixel that hold red, green and blue, for more than 8 bits a pixel.
+    /// With more than 8 bits per pixel: the bits that hold red, green and blue.
     std::array<std::uint32_t, 3> masks{};
 
-    /// Bytes of a row of pixels that are not run-length encoded.
+    /// The bytes of a row that is not run-length encoded.
     [[nodiscard]] std::int64_t RowBytes() const {
         constexpr std::int64_t UnitBits = 32; // to which rows are padded
         return (std::int64_t{width} * bitsPerPixel + UnitBits - 1) / UnitBits * (UnitBits / 8);
@@ -45,10 +45,10 @@ struct BitmapHeader {
     }
 };
 
-/// Reads the header at the beginning of `file`, which must be seekable. Nothing when it is no BMP
-/// file of a kind listed above, when the picture is empty or wider or higher than `maximumSide`,
-/// or when the file is too short for it: plain pixels must all be there, and run-length encoded
-/// ones must not be out of all proportion to the picture (see BitmapHeader.cpp).
+/// Reads the header at the beginning of `file`, which must be seekable. Returns nothing when it is
+/// not a BMP file of a kind listed above, when the picture is empty or wider or higher than
+/// `maximumSide`, or when the file is too short: pixels that are not compressed must all be there,
+/// and run-length encoded ones must not be far too few for the picture (see BitmapHeader.cpp).
 [[nodiscard]] std::optional<BitmapHeader> ReadBitmapHeader(QIODevice& file, int maximumSide);
 
 } // namespace editor

@@ -3,21 +3,18 @@
 
 #include "pictures/DrawingSurface.h"
 
+#include "pictures/Pixel.h"
+#include "pictures/WideRows.h"
+
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <cstddef>
 #include <limits>
 #include <stdexcept>
-
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
+#include <utility>
 
 namespace editor {
 namespace {
-
-constexpr std::uint32_t Opaque = 0xff000000;
-constexpr std::uint32_t Black = Opaque;
 
 // A table that any byte may index.
 using ColourTable = std::array<std::uint32_t, 256>;
@@ -28,7 +25,7 @@ std::uint32_t ColourOf(const std::uint8_t* triple) {
 
 ColourTable ColoursOf(std::span<const std::uint8_t> palette) {
     ColourTable colours;
-    colours.fill(Black);
+    colours.fill(Opaque);
     const std::size_t entries = std::min(palette.size() / 4, colours.size());
     for (std::size_t i = 0; i < entries; ++i) {
         colours[i] = ColourOf(&palette[4 * i]);
@@ -36,48 +33,18 @@ ColourTable ColoursOf(std::span<const std::uint8_t> palette) {
     return colours;
 }
 
-// Pixels `part` of a bitmap row with `Bits` bits a pixel, the first one in a byte's highest bits.
+// Pixels `part` of a bitmap row with `Bits` bits per pixel.
 template <int Bits>
 void DrawIndices(std::uint32_t* out, const std::uint8_t* row, VisiblePart part,
                  const ColourTable& colours) {
-    constexpr int PerByte = 8 / Bits;
-    constexpr int Mask = (1 << Bits) - 1;
     for (std::int32_t i = 0; i < part.count; ++i) {
-        const std::int32_t x = part.first + i;
-        const int shift = Bits * (PerByte - 1 - x % PerByte);
-        out[i] = colours[static_cast<std::size_t>(row[x / PerByte] >> shift & Mask)];
+        out[i] = colours[PackedSample<Bits>(row, part.first + i)];
     }
 }
-
-#ifdef __SSE2__
-
-// Four pixels at a time, as long as 16 bytes are left, and says how many pixels they were.
-std::int32_t DrawTriplesByFour(std::uint32_t* out, const std::uint8_t* in, std::int32_t count) {
-    constexpr std::int32_t PixelsRead = 6; // the last of them in part
-    const __m128i opaque = _mm_set1_epi32(static_cast<int>(Opaque));
-    std::int32_t i = 0;
-    for (; i <= count - PixelsRead; i += 4, in += 12) {
-        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in));
-        const __m128i two = _mm_unpacklo_epi32(bytes, _mm_srli_si128(bytes, 3));
-        const __m128i others =
-            _mm_unpacklo_epi32(_mm_srli_si128(bytes, 6), _mm_srli_si128(bytes, 9));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + i),
-                         _mm_or_si128(_mm_unpacklo_epi64(two, others), opaque));
-    }
-    return i;
-}
-
-#else
-
-std::int32_t DrawTriplesByFour(std::uint32_t*, const std::uint8_t*, std::int32_t) {
-    return 0;
-}
-
-#endif
 
 void DrawTriples(std::uint32_t* out, const std::uint8_t* row, VisiblePart part) {
     const std::uint8_t* in = row + std::ptrdiff_t{3} * part.first;
-    for (std::int32_t i = DrawTriplesByFour(out, in, part.count); i < part.count; ++i) {
+    for (std::int32_t i = WidenTriples(out, in, part.count); i < part.count; ++i) {
         out[i] = ColourOf(in + std::ptrdiff_t{3} * i);
     }
 }
@@ -96,7 +63,7 @@ std::uint32_t* DrawingSurface::RowAt(std::int32_t y) {
 
 void DrawingSurface::FillRowsBelow(std::int32_t end) {
     if (filledRows_ < end) {
-        std::fill(RowAt(filledRows_), RowAt(end), InitialColour);
+        std::fill(RowAt(filledRows_), RowAt(end), NeutralGrey);
         filledRows_ = end;
     }
 }
@@ -110,7 +77,7 @@ const std::uint32_t* DrawingSurface::ShownRow(std::int32_t y) {
     if (y < filledRows_) {
         return RowAt(y);
     }
-    initialRow_.resize(static_cast<std::size_t>(width_), InitialColour);
+    initialRow_.resize(static_cast<std::size_t>(width_), NeutralGrey);
     return initialRow_.data();
 }
 
@@ -157,9 +124,9 @@ void SetDIBitsToDevice(DrawingSurface& hDC, std::int32_t x, std::int32_t y,
     const std::ptrdiff_t stride =
         DibStride(header.biWidth, static_cast<std::int16_t>(header.biBitCount));
     for (std::int32_t r = rows.first; r < rows.first + rows.count; ++r) {
-        const std::uint8_t* row = pixels.data() + (header.biHeight - 1 - r) * stride;
+        const std::uint8_t* row = BottomUpRow(pixels.data(), stride, header.biHeight, r);
         std::uint32_t* out = columns.count == hDC.width() ? hDC.RowToCover(y + r)
-                                                          : hDC.row(y + r) + x + columns.first;
+                                                          : hDC.row(y + r) + (x + columns.first);
         switch (header.biBitCount) {
         case 1:
             DrawIndices<1>(out, row, columns, colours);

@@ -12,15 +12,12 @@
 namespace editor {
 
 /// An off-screen surface to draw pictures on, in the place of the platform's device context:
-/// rows of 32-bit pixels 0xffRRGGBB, top row first, without padding. It starts in a grey on which
-/// marks and links of every colour can be seen.
+/// rows of 32-bit pixels 0xffRRGGBB, top row first, without padding. It starts out in NeutralGrey.
 ///
-/// The initial colour is put in row by row, when rows are first asked for, so that drawing from
-/// the top down over the whole width never fills what it is about to cover.
+/// Rows are filled with that grey only when they are first asked for, so that drawing from the top
+/// down over the whole width never fills what it is about to cover.
 class DrawingSurface {
   public:
-    static constexpr std::uint32_t InitialColour = 0xff808080;
-
     /// Sizes in pixels, at least 0. Throws std::bad_alloc when the memory cannot be had.
     DrawingSurface(std::int32_t width, std::int32_t height);
 
@@ -33,8 +30,8 @@ class DrawingSurface {
     /// What row y shows, to be read: valid until the next call for a row.
     [[nodiscard]] const std::uint32_t* ShownRow(std::int32_t y);
 
-    /// Row y for a caller that sets each of its width() pixels; what they hold is unspecified. What
-    /// ShownRow() gave for the same row stays readable.
+    /// Row y for a caller that will set all of its width() pixels, which hold anything until then.
+    /// What ShownRow() gave for the same row can still be read.
     [[nodiscard]] std::uint32_t* RowToCover(std::int32_t y);
 
     /// The pixels, handed over; the surface is empty afterwards.
@@ -46,9 +43,9 @@ class DrawingSurface {
 
     std::int32_t width_;
     std::int32_t height_;
-    std::int32_t filledRows_ = 0; // rows from here on still lack the initial colour
+    std::int32_t filledRows_ = 0; // rows from here on are still to be filled with grey
     LargeBuffer pixels_;
-    std::vector<std::uint32_t> initialRow_; // what such rows show, once someone looks
+    std::vector<std::uint32_t> initialRow_; // what such rows show, made when it is first needed
 };
 
 /// The header of a device-independent bitmap, field by field as the platform documents it.
@@ -80,9 +77,9 @@ struct VisiblePart {
 };
 [[nodiscard]] VisiblePart Clip(std::int32_t position, std::int32_t length, std::int32_t limit);
 
-/// Copies all of a bottom-up bitmap of 1, 4, 8 or 24 bits a pixel to the surface, its top-left
-/// pixel to (x, y); what lies outside the surface is dropped. `palette` has 4 bytes an entry, blue,
-/// green, red, 0, of which at most 256 count; an index beyond it is drawn black. `pixels` are
+/// Copies all of a bottom-up bitmap of 1, 4, 8 or 24 bits per pixel to the surface, its top-left
+/// pixel to (x, y); what lies outside the surface is dropped. `palette` has 4 bytes per entry,
+/// blue, green, red, 0, of which at most 256 count; an index beyond it is drawn black. `pixels` are
 /// biHeight rows of DibStride() bytes.
 void SetDIBitsToDevice(DrawingSurface& hDC, std::int32_t x, std::int32_t y,
                        const BITMAPINFOHEADER& header, std::span<const std::uint8_t> palette,

@@ -9,8 +9,10 @@
 #include <new>
 #include <utility>
 
+// Under the sanitizers buffers come from malloc(), which puts guards around a block; mmap() does
+// not.
 #if defined(__SANITIZE_ADDRESS__)
-#define EDITOR_PLAIN_BUFFERS // malloc() puts guards around a block, which mmap() does not
+#define EDITOR_PLAIN_BUFFERS
 #elif defined(__has_feature)
 #if __has_feature(address_sanitizer) || __has_feature(memory_sanitizer)
 #define EDITOR_PLAIN_BUFFERS
@@ -27,8 +29,9 @@
 namespace editor {
 namespace {
 
-// Where the memory of a buffer comes from: Allocate() gives at least `size` bytes and says in
-// `capacity` how many; Free() takes back what it gave. Neither is for several threads at once.
+// Where the memory of a buffer comes from. Allocate() returns a block of at least `size` bytes and
+// sets `capacity` to what it really has; Free() takes such a block back; FreeKept() gives up what
+// Free() kept. They may not be called by several threads at once.
 
 #ifdef EDITOR_PLAIN_BUFFERS
 
@@ -41,27 +44,29 @@ void Free(std::uint8_t* block, std::size_t) {
     std::free(block);
 }
 
+void FreeKept() {}
+
 #else
 
-// The first touch of a page costs more than all that is done with its bytes, and the system hands
-// out 2 MiB pages thirty times as fast as the same memory in pages of 4 KiB, to those who ask for
-// them with an aligned block. What a block has beyond whole ones gets one more where that wastes
-// little; otherwise it is asked for at once, which saves part of the trap at each page's first
-// touch.
+// The first access to a page costs more than everything that is done with its bytes later. Memory
+// in pages of 2 MiB comes thirty times as fast as in pages of 4 KiB; to get them, a block has to be
+// aligned to them and the system asked. The rest of a block, which does not fill a page of 2 MiB,
+// is rounded up to one where that wastes little. Otherwise its small pages are asked for all at
+// once, which saves part of the cost of each.
 constexpr std::size_t HugePageSize = std::size_t{2} << 20;
 constexpr std::size_t PageSize = 4096;
 constexpr std::size_t MostOfAHugePage = HugePageSize / 4 * 3;
 
-// Touched pages are better still: a few blocks that were freed are kept for the next buffers. As
-// many as a picture takes while it is loaded: its file, what is inflated from it, and its bitmap;
-// and no more than may lie idle.
-constexpr std::size_t MaximumKept = std::size_t{128} << 20; // bytes in all
+// Pages that were used before cost nothing. So a few freed blocks are kept: as many as a picture
+// takes while it is loaded (its file, its bitmap and the surface on which it is drawn), and in all
+// no more bytes than this.
+constexpr std::size_t MaximumKept = std::size_t{128} << 20;
 
 struct Block {
     std::uint8_t* data = nullptr;
     std::size_t capacity = 0;
 };
-// Without a destructor, since buffers are freed at the program's end too.
+// Has no destructor, because buffers may be freed until the very end of the program.
 constinit std::array<Block, 3> kept;
 
 void Unmap(Block& block) {
@@ -92,7 +97,7 @@ std::uint8_t* Map(std::size_t capacity) {
     return first + before;
 }
 
-// Where a request is refused, or its name not known, pages come one by one as they are touched.
+// A system that refuses or does not know a request gives pages one by one as they are accessed.
 void AskForPages(std::uint8_t* block, std::size_t capacity) {
     const std::size_t end = capacity % HugePageSize;
     if (capacity != end) {
@@ -107,7 +112,7 @@ std::size_t RoundUp(std::size_t size, std::size_t unit) {
     return (size + unit - 1) / unit * unit;
 }
 
-// The smallest kept block that serves without wasting more than it gives; empty when there is none.
+// The smallest kept block that is large enough, unless more than half of it would be wasted.
 Block TakeKept(std::size_t capacity) {
     Block* best = nullptr;
     for (Block& block : kept) {
@@ -126,7 +131,7 @@ std::uint8_t* Allocate(std::size_t size, std::size_t& capacity) {
         capacity = block.capacity;
         return block.data;
     }
-    // A new block takes the place of smaller ones in the sum of memory.
+    // Blocks too small to be used are given back, so that the new one does not come on top of them.
     for (Block& smaller : kept) {
         if (smaller.capacity < capacity) {
             Unmap(smaller);
@@ -158,6 +163,10 @@ void Free(std::uint8_t* data, std::size_t capacity) {
     }
 }
 
+void FreeKept() {
+    std::for_each(kept.begin(), kept.end(), Unmap);
+}
+
 #endif
 
 } // namespace
@@ -173,6 +182,10 @@ LargeBuffer::LargeBuffer(std::size_t size) {
     size_ = size;
 }
 
+void LargeBuffer::ReleaseKept() {
+    FreeKept();
+}
+
 LargeBuffer::~LargeBuffer() {
     if (data_ != nullptr) {
         Free(data_, capacity_);
@@ -184,7 +197,7 @@ LargeBuffer::LargeBuffer(LargeBuffer&& other) noexcept
       capacity_(std::exchange(other.capacity_, 0)) {}
 
 LargeBuffer& LargeBuffer::operator=(LargeBuffer&& other) noexcept {
-    // What was held goes at once, not with `other`, which may live on.
+    // What was held is freed at once and not left to `other`, which may live on.
     LargeBuffer taken(std::move(other));
     std::swap(data_, taken.data_);
     std::swap(size_, taken.size_);

@@ -9,13 +9,16 @@
 
 namespace editor {
 
-/// A block of bytes for files and pictures: moved, never copied by accident. Its bytes are
-/// unspecified until they are written; memory that is never touched costs nothing.
+/// A block of bytes for files and pictures, which can be moved but not copied. The bytes may have
+/// any value until they are written.
+///
+/// A few freed blocks are kept for later buffers: memory that has been used before is much faster
+/// than memory fresh from the system.
 class LargeBuffer {
   public:
     LargeBuffer() = default;
 
-    /// `size` unspecified bytes. Throws std::bad_alloc when they cannot be had.
+    /// Takes `size` bytes. Throws std::bad_alloc when they cannot be had.
     explicit LargeBuffer(std::size_t size);
     ~LargeBuffer();
 
@@ -31,8 +34,11 @@ class LargeBuffer {
     [[nodiscard]] std::span<std::uint8_t> bytes() { return {data_, size_}; }
     [[nodiscard]] std::span<const std::uint8_t> bytes() const { return {data_, size_}; }
 
-    /// Drops the bytes from `size` on, of which there must be as many at least.
+    /// Drops the bytes from `size` on; there must be at least as many.
     void Truncate(std::size_t size) { size_ = size; }
+
+    /// Gives the freed blocks that are kept back to the system.
+    static void ReleaseKept();
 
   private:
     std::uint8_t* data_ = nullptr;

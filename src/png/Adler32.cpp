@@ -5,60 +5,13 @@
 
 #include <algorithm>
 
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
-
 namespace editor {
 namespace {
 
 constexpr std::uint32_t Modulus = 65521;
 
-// So many bytes of 255 may follow sums below the modulus until one no longer fits in 32 bits.
+// After so many bytes of 255, sums that began below the modulus still fit in 32 bits.
 constexpr std::size_t BytesUntilModulo = 5552;
-
-#ifdef __SSE2__
-
-constexpr std::size_t Width = sizeof(__m128i);
-
-std::uint32_t SumOfLanes(__m128i lanes) {
-    lanes = _mm_add_epi32(lanes, _mm_shuffle_epi32(lanes, _MM_SHUFFLE(1, 0, 3, 2)));
-    lanes = _mm_add_epi32(lanes, _mm_shuffle_epi32(lanes, _MM_SHUFFLE(2, 3, 0, 1)));
-    return static_cast<std::uint32_t>(_mm_cvtsi128_si32(lanes));
-}
-
-// Adds the bytes up to the last multiple of 16, and says how many they were. Over 16 bytes the
-// high sum grows by 16 times what the low sum was before them and by each byte as often as it is
-// counted until their end: 16 times the first, once the last.
-std::size_t AddWide(std::span<const std::uint8_t> bytes, std::uint32_t& low, std::uint32_t& high) {
-    const __m128i zero = _mm_setzero_si128();
-    const __m128i firstWeights = _mm_setr_epi16(16, 15, 14, 13, 12, 11, 10, 9);
-    const __m128i lastWeights = _mm_setr_epi16(8, 7, 6, 5, 4, 3, 2, 1);
-    __m128i sum = zero;        // of the bytes, in two lanes
-    __m128i sumsBefore = zero; // of `sum` before each 16 bytes
-    __m128i weighted = zero;
-    const std::size_t wide = bytes.size() / Width * Width;
-    for (std::size_t i = 0; i < wide; i += Width) {
-        const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data() + i));
-        sumsBefore = _mm_add_epi32(sumsBefore, sum);
-        sum = _mm_add_epi32(sum, _mm_sad_epu8(next, zero));
-        weighted = _mm_add_epi32(
-            weighted, _mm_add_epi32(_mm_madd_epi16(_mm_unpacklo_epi8(next, zero), firstWeights),
-                                    _mm_madd_epi16(_mm_unpackhi_epi8(next, zero), lastWeights)));
-    }
-    high += static_cast<std::uint32_t>(wide) * low + SumOfLanes(weighted) +
-            static_cast<std::uint32_t>(Width) * SumOfLanes(sumsBefore);
-    low += SumOfLanes(sum);
-    return wide;
-}
-
-#else
-
-std::size_t AddWide(std::span<const std::uint8_t>, std::uint32_t&, std::uint32_t&) {
-    return 0;
-}
-
-#endif
 
 } // namespace
 
@@ -66,7 +19,7 @@ void Adler32::Add(std::span<const std::uint8_t> bytes) {
     while (!bytes.empty()) {
         const std::span<const std::uint8_t> part =
             bytes.first(std::min(bytes.size(), BytesUntilModulo));
-        for (const std::uint8_t byte : part.subspan(AddWide(part, low_, high_))) {
+        for (const std::uint8_t byte : part.subspan(AddToSums(part, low_, high_))) {
             low_ += byte;
             high_ += low_;
         }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -18,5 +19,10 @@ class Adler32 {
     std::uint32_t low_ = 1;  // 1 and all bytes, modulo the largest prime below 65536
     std::uint32_t high_ = 0; // the sum of what `low_` was after each byte, modulo the same
 };
+
+/// Adds the bytes up to the last multiple of what is added at a time to both sums, and returns how
+/// many that are; in plain C++ none. The sums must have room for all of them.
+[[nodiscard]] std::size_t AddToSums(std::span<const std::uint8_t> bytes, std::uint32_t& low,
+                                    std::uint32_t& high);
 
 } // namespace editor

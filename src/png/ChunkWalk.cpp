@@ -6,18 +6,14 @@
 #include "png/Sizes.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
 namespace editor {
 namespace {
 
-constexpr std::array<std::uint8_t, SignatureSize> Signature = {137, 80, 78, 71, 13, 10, 26, 10};
-
-constexpr ChunkTypeText IHDR = {'I', 'H', 'D', 'R'};
-constexpr ChunkTypeText PLTE = {'P', 'L', 'T', 'E'};
-constexpr ChunkTypeText tRNS = {'t', 'R', 'N', 'S'};
-constexpr ChunkTypeText bKGD = {'b', 'K', 'G', 'D'};
-constexpr ChunkTypeText IDAT = {'I', 'D', 'A', 'T'};
-constexpr ChunkTypeText IEND = {'I', 'E', 'N', 'D'};
+constexpr std::array<char, SignatureSize> Signature = {'\x89', 'P',  'N',    'G',
+                                                       '\r',   '\n', '\x1a', '\n'};
 
 constexpr std::int32_t HeaderLength = 13;
 constexpr std::int32_t BytesPerEntry = 3; // of PLTE: red, green, blue
@@ -37,11 +33,6 @@ bool IsValidChunk(const ChunkRec& chunk) {
 
 bool IsCritical(const ChunkRec& chunk) {
     return IsUpper(chunk.ChunkType[0]);
-}
-
-std::uint32_t BigEndian(const std::uint8_t* bytes) {
-    return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 |
-           std::uint32_t{bytes[2]} << 8 | std::uint32_t{bytes[3]};
 }
 
 // A width or height of 2^31 or more comes out negative, for ValidateHeader() to refuse.
@@ -78,26 +69,8 @@ bool ValidateHeader(const HeaderRec& header) {
            header.Filter == 0 && header.Interlace <= 1;
 }
 
-// The bytes of a file in order; every read says whether there were enough left.
-class ByteReader {
-  public:
-    explicit ByteReader(std::span<const std::uint8_t> bytes) : rest_(bytes) {}
-
-    bool Read(std::size_t count, std::span<const std::uint8_t>& bytes) {
-        if (count > rest_.size()) {
-            return false;
-        }
-        bytes = rest_.first(count);
-        rest_ = rest_.subspan(count);
-        return true;
-    }
-
-  private:
-    std::span<const std::uint8_t> rest_;
-};
-
 // False at the end of the file.
-bool ReadChunk(ByteReader& reader, ChunkRec& chunk) {
+bool ReadChunk(FileReader& reader, ChunkRec& chunk) {
     std::span<const std::uint8_t> length;
     std::span<const std::uint8_t> type;
     std::span<const std::uint8_t> crc;
@@ -110,12 +83,12 @@ bool ReadChunk(ByteReader& reader, ChunkRec& chunk) {
         !reader.Read(chunk.CRC.size(), crc)) {
         return false;
     }
-    std::ranges::copy(type, chunk.ChunkType.begin());
-    std::ranges::copy(crc, chunk.CRC.begin());
+    std::memcpy(chunk.ChunkType.data(), type.data(), type.size());
+    std::memcpy(chunk.CRC.data(), crc.data(), crc.size());
     return true;
 }
 
-// The rules for one chunk after another; `header` is all 0 until IHDR was read.
+// The rules for the chunks in turn. `header` is all 0 until IHDR has been read.
 class ChunkRules {
   public:
     explicit ChunkRules(HeaderRec& header) : header_(header) {}
@@ -125,25 +98,25 @@ class ChunkRules {
         if (!IsValidChunk(chunk)) {
             return false;
         }
-        if (HasImageData() && chunk.ChunkType != IDAT) {
+        if (HasImageData() && chunk.ChunkType != chunks::IDAT) {
             IDATEnded_ = true;
         }
-        if (chunk.ChunkType == IHDR) {
+        if (chunk.ChunkType == chunks::IHDR) {
             return AcceptHeader(chunk);
         }
-        if (chunk.ChunkType == PLTE) {
+        if (chunk.ChunkType == chunks::PLTE) {
             return AcceptPalette(chunk);
         }
-        if (chunk.ChunkType == tRNS) {
+        if (chunk.ChunkType == chunks::tRNS) {
             return AcceptTransparency(chunk);
         }
-        if (chunk.ChunkType == bKGD) {
+        if (chunk.ChunkType == chunks::bKGD) {
             return !HasImageData() && (header_.ColorType != PaletteIndex || HasPalette());
         }
-        if (chunk.ChunkType == IDAT) {
+        if (chunk.ChunkType == chunks::IDAT) {
             return !IDATEnded_;
         }
-        return chunk.ChunkType == IEND || !IsCritical(chunk);
+        return chunk.ChunkType == chunks::IEND || !IsCritical(chunk);
     }
 
     [[nodiscard]] bool LacksPalette() const {
@@ -151,8 +124,8 @@ class ChunkRules {
     }
 
   private:
-    static bool HasImageData() { return mdlPNG.ChunkExists("IDAT1"); }
-    static bool HasPalette() { return mdlPNG.ChunkExists("PLTE1"); }
+    static bool HasImageData() { return mdlPNG.ChunkExists(chunks::IDAT); }
+    static bool HasPalette() { return mdlPNG.ChunkExists(chunks::PLTE); }
 
     bool AcceptHeader(const ChunkRec& chunk) {
         if (counter_ != 1 || chunk.Length != HeaderLength) {
@@ -177,7 +150,8 @@ class ChunkRules {
             return false;
         }
         return header_.ColorType != PaletteIndex ||
-               (HasPalette() && chunk.Length <= mdlPNG.GetChunk("PLTE1").Length / BytesPerEntry);
+               (HasPalette() &&
+                chunk.Length <= mdlPNG.GetChunk(chunks::PLTE).Length / BytesPerEntry);
     }
 
     HeaderRec& header_;
@@ -187,16 +161,12 @@ class ChunkRules {
 
 } // namespace
 
-bool CheckSignature(std::span<const std::uint8_t> bytes) {
-    return bytes.size() >= SignatureSize &&
-           std::ranges::equal(bytes.first(SignatureSize), Signature);
+bool CheckSignature(std::istream& file) {
+    std::array<char, SignatureSize> bytes{};
+    return file.read(bytes.data(), bytes.size()) && bytes == Signature;
 }
 
-bool ReadChunks(std::span<const std::uint8_t> file, HeaderRec& header) {
-    if (!CheckSignature(file)) {
-        return false;
-    }
-    ByteReader reader(file.subspan(SignatureSize));
+bool ReadChunks(FileReader& reader, const PictureLimits& limits, HeaderRec& header) {
     header = {};
     ChunkRules rules(header);
     ChunkRec chunk;
@@ -204,8 +174,9 @@ bool ReadChunks(std::span<const std::uint8_t> file, HeaderRec& header) {
         if (!ReadChunk(reader, chunk) || !rules.Accept(chunk)) {
             return false;
         }
-        mdlPNG.AddChunk(chunk, mdlPNG.NextKey(chunk.ChunkType));
-    } while (chunk.ChunkType != IEND);
+        mdlPNG.AddChunk(chunk);
+        limits.RequireBytes(reader.Position() + mdlPNG.Chunks.size() * PngModule::BytesPerChunk);
+    } while (chunk.ChunkType != chunks::IEND);
     return !rules.LacksPalette();
 }
 

@@ -3,6 +3,7 @@
 
 #include "png/Decoding.h"
 
+#include "pictures/Pixel.h"
 #include "png/ImageData.h"
 #include "png/Pixels.h"
 #include "png/Scanlines.h"
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <cstring>
 #include <stdexcept>
+#include <vector>
 
 namespace editor {
 namespace {
@@ -19,7 +21,7 @@ namespace {
 // the processor's own cache from one step to the next.
 constexpr std::int32_t BandBytes = 256 * 1024;
 
-// As many rows as are reconstructed together.
+// As many rows as are reconstructed together at most.
 constexpr std::int32_t MinimumBandRows = 4;
 
 enum class Conversion { None, Unpack2Bit, PaletteAlpha, GrayAlpha, RGB, RGBA };
@@ -118,55 +120,55 @@ std::vector<std::uint8_t> ColourTableOf(const HeaderRec& header,
     }
 }
 
-// PadRows and FlipRows in one: where the picture's row y lies in the bitmap.
-std::uint8_t* BitmapRow(BitmapRec& image, std::ptrdiff_t stride, std::int32_t y) {
-    return image.Pixels.data() + (image.Header.biHeight - 1 - y) * stride;
-}
-
-// Inflates and reconstructs the rows of the file and makes them into those of the bitmap, whose
-// pixels are in place. False when the image data are corrupt.
-bool ConvertRows(const HeaderRec& header, RowConverter& converter, BitmapRec& image) {
+// Inflates and reconstructs the rows of the file and writes them, converted and padded, to the rows
+// of the bitmap, whose memory is there. False when the image data are corrupt.
+bool ConvertRows(const HeaderRec& header, std::int32_t filteredSize, RowConverter& converter,
+                 BitmapRec& image) {
     const std::int32_t bitCount = image.Header.biBitCount;
     const auto rowBytes = static_cast<std::size_t>(RowBytes(header));
-    const std::int32_t expectedSize = To32Bit(std::int64_t{header.Height} * RowBytes(header));
     const std::int32_t stride = DibStride(header.Width, static_cast<std::int16_t>(bitCount));
     const std::int64_t packed = (std::int64_t{header.Width} * bitCount + 7) / 8;
     const auto padding = static_cast<std::size_t>(stride - packed);
 
-    // The row before a band, then the band.
+    // The row before a band, then the band. Above the top row is a row of zeros.
     const std::int32_t bandRows =
         std::min(header.Height, std::max(MinimumBandRows, BandBytes / RowBytes(header)));
     LargeBuffer rows(rowBytes * (static_cast<std::size_t>(bandRows) + 1));
     const std::span<std::uint8_t> previous = rows.bytes().first(rowBytes);
+    std::ranges::fill(previous, std::uint8_t{0});
     std::int32_t y = 0;
-    return Inflate(GetImageData(), expectedSize, rows.bytes().subspan(rowBytes),
+    return Inflate(GetImageData(), filteredSize, rows.bytes().subspan(rowBytes),
                    [&](std::span<std::uint8_t> band) {
-                       Unfilter(header, band,
-                                y == 0 ? std::span<std::uint8_t>() : previous.subspan(1));
+                       Unfilter(header, band, previous.subspan(1));
                        for (std::size_t at = 0; at < band.size(); at += rowBytes, ++y) {
-                           std::uint8_t* out = BitmapRow(image, stride, y);
+                           std::uint8_t* out =
+                               BottomUpRow(image.Pixels.data(), stride, header.Height, y);
                            converter.Convert(band.subspan(at + 1, rowBytes - 1), out);
                            std::memset(out + packed, 0, padding);
                        }
-                       if (y < header.Height) {
-                           const std::span<std::uint8_t> last = band.last(rowBytes);
-                           std::copy(last.begin(), last.end(), previous.begin());
-                       }
+                       std::ranges::copy(band.last(rowBytes), previous.begin());
                    });
 }
 
 } // namespace
 
-BitmapRec DecodeImage() {
-    if (!mdlPNG.ChunkExists("IHDR1")) {
+BitmapRec DecodeImage(const PictureLimits& limits) {
+    if (!mdlPNG.ChunkExists(chunks::IHDR)) {
         return {};
     }
     const HeaderRec& header = mdlPNG.PngHeader;
-    const ChunkRec tRNS = mdlPNG.GetChunk("tRNS1");
+    if (std::max(header.Width, header.Height) > limits.MaximumSide) {
+        throw std::runtime_error("the picture is too large");
+    }
+    const ChunkRec tRNS = mdlPNG.GetChunk(chunks::tRNS);
     const auto [conversion, bitCount] =
         TargetOf(header, header.ColorType == PaletteIndex && tRNS.Length > 0);
+    const std::int32_t filteredSize = To32Bit(std::int64_t{header.Height} * RowBytes(header));
     const std::int32_t bitmapSize =
         To32Bit(std::int64_t{header.Height} * DibStride(header.Width, bitCount));
+    const std::int64_t surfaceSize = std::int64_t{4} * header.Width * header.Height;
+    limits.RequireBytes(mdlPNG.FileBytes.size() + mdlPNG.Chunks.size() * PngModule::BytesPerChunk +
+                        static_cast<std::uint64_t>(bitmapSize + surfaceSize));
 
     const std::vector<RGBTriple> palette = GetPalette();
     const AlphaPalette alphaPalette(palette, tRNS.Data);
@@ -175,7 +177,7 @@ BitmapRec DecodeImage() {
     image.Palette = ColourTableOf(header, palette);
     image.Header = BitmapHeader(header, bitCount, image.Palette.size());
     image.Pixels = LargeBuffer(static_cast<std::size_t>(bitmapSize));
-    if (!ConvertRows(header, converter, image)) {
+    if (!ConvertRows(header, filteredSize, converter, image)) {
         throw std::runtime_error("the image data are corrupt");
     }
     return image;

@@ -12,15 +12,16 @@ namespace editor {
 
 // Drawing of an image with its top-left pixel at (x, y); what lies outside the surface is dropped.
 
-/// Copies an image of less than 32 bits a pixel.
+/// Copies an image of less than 32 bits per pixel.
 void DrawPlain(DrawingSurface& hDC, std::int32_t x, std::int32_t y, const BitmapRec& image);
 
-/// Blends an image of 32 bits a pixel with what the surface shows.
+/// Blends an image of 32 bits per pixel with what the surface shows.
 void DrawBlended(DrawingSurface& hDC, std::int32_t x, std::int32_t y, const BitmapRec& image);
 
 /// Blends `count` pixels (blue, green, red, alpha) with the pixels 0xffRRGGBB at `background` and
-/// writes them to `out`, which may be the same place: of each sample ((255 - alpha) x old + alpha x
-/// new + 255) / 256, but alpha 0 keeps and alpha 255 replaces a pixel unchanged.
+/// writes the result to `out`, which may be the same place. Each sample becomes ((255 - alpha) x
+/// old
+/// + alpha x new + 255) / 256, which leaves the old one at alpha 0 and gives the new one at 255.
 void BlendRow(std::uint32_t* out, const std::uint32_t* background, const std::uint8_t* pixels,
               std::int32_t count);
 

@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
+#include "pictures/InstructionSet.h"
 #include "png/Filters.h"
 
-#ifdef __SSE2__
+#ifdef EDITOR_SSE2
 
-#include <array>
+#include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <emmintrin.h>
 #include <type_traits>
@@ -13,41 +15,51 @@
 namespace editor {
 namespace {
 
-// A pixel's bytes do not depend on each other, but a pixel depends on the one before it: the loops
-// below handle a pixel of `Size` bytes at a time in the low bytes of a register, and what counts is
-// the number of instructions from one pixel's result to the next one's.
+// The bytes of a pixel do not depend on each other, but each pixel depends on the one before it. So
+// the loops below keep a pixel of `Size` bytes in the low bytes of a register, and their speed is
+// decided by how many instructions lead from one pixel's result to the next one's.
 
 template <class Integer>
-std::uint64_t LoadInteger(const std::uint8_t* bytes) {
+int LoadInteger(const std::uint8_t* bytes) {
     Integer value = 0;
     std::memcpy(&value, bytes, sizeof value);
-    return value;
+    return static_cast<int>(value);
 }
 
-// `AnotherFollows` says that there is one more pixel in the row: pixels of 3 and 6 bytes are then
-// read with the first bytes of the next, which the register carries along to no effect. The last
-// one is read in two parts; put together in memory, they would be waited for.
+// `AnotherFollows` says that this is not the last pixel of the row. Pixels of 3 and 6 bytes are
+// then read together with the first bytes of the next one, which do no harm in the register. The
+// last pixel is put together from two parts, in registers: from memory, the processor would have to
+// wait until both are written.
 template <int Size, bool AnotherFollows>
 __m128i LoadPixel(const std::uint8_t* bytes) {
-    std::uint64_t pixel = 0;
-    if constexpr (Size == 3 && AnotherFollows) {
-        pixel = LoadInteger<std::uint32_t>(bytes);
-    } else if constexpr (Size == 6 && AnotherFollows) {
-        pixel = LoadInteger<std::uint64_t>(bytes);
-    } else if constexpr (Size == 3) {
-        pixel = LoadInteger<std::uint16_t>(bytes) | std::uint64_t{bytes[2]} << 16;
+    if constexpr (Size == 8 || (Size == 6 && AnotherFollows)) {
+        return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(bytes));
     } else if constexpr (Size == 6) {
-        pixel = LoadInteger<std::uint32_t>(bytes) | LoadInteger<std::uint16_t>(bytes + 4) << 32;
+        return _mm_unpacklo_epi32(_mm_cvtsi32_si128(LoadInteger<std::int32_t>(bytes)),
+                                  _mm_cvtsi32_si128(LoadInteger<std::uint16_t>(bytes + 4)));
+    } else if constexpr (Size == 4 || (Size == 3 && AnotherFollows)) {
+        return _mm_cvtsi32_si128(LoadInteger<std::int32_t>(bytes));
+    } else if constexpr (Size == 3) {
+        return _mm_cvtsi32_si128(LoadInteger<std::uint16_t>(bytes) | bytes[2] << 16);
+    } else if constexpr (Size == 2) {
+        return _mm_cvtsi32_si128(LoadInteger<std::uint16_t>(bytes));
     } else {
-        std::memcpy(&pixel, bytes, Size);
+        return _mm_cvtsi32_si128(*bytes);
     }
-    return _mm_cvtsi64_si128(static_cast<long long>(pixel));
 }
 
 template <int Size>
 void StorePixel(std::uint8_t* bytes, __m128i pixel) {
-    const auto value = static_cast<std::uint64_t>(_mm_cvtsi128_si64(pixel));
-    std::memcpy(bytes, &value, Size);
+    if constexpr (Size == 8) {
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(bytes), pixel);
+        return;
+    }
+    const int first = _mm_cvtsi128_si32(pixel);
+    std::memcpy(bytes, &first, std::min(Size, 4));
+    if constexpr (Size == 6) {
+        const int rest = _mm_extract_epi16(pixel, 2);
+        std::memcpy(bytes + 4, &rest, 2);
+    }
 }
 
 // Calls `kernel` with the size of a pixel as a constant.
@@ -69,8 +81,8 @@ void WithPixelSize(std::int32_t bytesPerPixel, Kernel kernel) {
     }
 }
 
-// What a filter remembers from pixel to pixel; Next() makes a filtered pixel x, below b, into the
-// reconstructed one.
+// What a filter remembers from one pixel to the next. Next() returns the reconstructed pixel of the
+// filtered pixel x; b is the pixel above.
 
 struct SubStep {
     __m128i Next(__m128i x, __m128i) {
@@ -81,9 +93,9 @@ struct SubStep {
     __m128i a = _mm_setzero_si128();
 };
 
-// _mm_avg_epu8 rounds up where the filter rounds down. On complements it is the other way round:
-// with a' = ~a and b' = ~b, x + (a + b) / 2 = x + ~avg(a', b'), and the complement of that, the
-// next a', is avg(a', b') - x. That leaves two instructions between pixels.
+// _mm_avg_epu8 rounds up, but the filter rounds down. Rounding up complements is rounding down:
+// with a' = ~a and b' = ~b, x + (a + b) / 2 = x + ~avg(a', b'). The complement of that, which is
+// the next pixel's a', is avg(a', b') - x: two instructions from pixel to pixel.
 struct AverageStep {
     __m128i Next(__m128i x, __m128i b) {
         const __m128i ones = _mm_set1_epi8(-1);
@@ -94,7 +106,7 @@ struct AverageStep {
     __m128i notA = _mm_set1_epi8(-1);
 };
 
-// x + PaethPredictor(a, b, c) in 16-bit lanes that hold 0 to 255 each.
+// x + the Paeth predictor of a, b and c, in 16-bit lanes that hold 0 to 255 each.
 //
 // Let lo and hi be the smaller and the larger of a and b, u = c - lo and v = hi - c. For c between
 // them, p = a + b - c lies v from lo, u from hi and |u - v| from c: lo is as near as c when
@@ -134,8 +146,8 @@ void Reconstruct(std::span<std::uint8_t> row, const std::uint8_t* previous, Step
     StorePixel<Size>(x, step.Next(LoadPixel<Size, false>(x), LoadPixel<Size, false>(previous)));
 }
 
-// Two rows in lockstep, the second one pixel behind, because it needs the first one's result: a
-// processor that waits for one row's last pixel works on the other's.
+// Two rows in lockstep. The second is one pixel behind, because it needs the first one's result.
+// While the processor waits for a pixel of one row, it works on the other.
 template <int Size, class FirstStep, class SecondStep>
 void ReconstructPair(std::span<std::uint8_t> first, FirstStep firstStep,
                      std::span<std::uint8_t> second, SecondStep secondStep,
@@ -162,8 +174,9 @@ void ReconstructPair(std::span<std::uint8_t> first, FirstStep firstStep,
     StorePixel<Size>(x2, secondStep.Next(LoadPixel<Size, false>(x2), above));
 }
 
-// Two rows' Paeth filters in the halves of one register, pixels of up to 4 bytes: the upper half is
-// the lower row, one pixel behind, so that the pixel above it is what the lower half was before.
+// The Paeth filters of two rows in one register, for pixels of up to 4 bytes. The register's lower
+// half is the upper row; its upper half is the lower row, one pixel behind, so that the pixel above
+// is the lower half's previous result.
 struct PaethTwinStep {
     // `x`, `b`: of the upper row in the low bytes, of the lower row's `x` in the bytes from 4 on.
     __m128i Next(__m128i x, __m128i b) {
@@ -180,9 +193,10 @@ struct PaethTwinStep {
 
 using FourRows = std::array<std::uint8_t*, 4>;
 
-// One step of four rows in lockstep; row r is at pixel `column` - r. In the middle each row is at a
-// pixel that another follows. Elsewhere a row that has not begun takes zeros, which leave what the
-// filter remembers at zero, and one that has ended goes on without effect.
+// One step of four rows in lockstep: row r is at pixel `column` - r. In the middle, every row is at
+// a pixel with another one after it. Near the ends some rows are not: one that has not begun is
+// given zeros, which keep what its filter remembers at zero, and of one that has ended nothing is
+// stored.
 template <int Size, bool InTheMiddle>
 void StepFour(const FourRows& rows, const std::uint8_t* previous, std::size_t column,
               std::size_t pixels, PaethTwinStep& upper, PaethTwinStep& lower) {
@@ -224,7 +238,7 @@ void PaethFour(const FourRows& rows, const std::uint8_t* previous, std::size_t l
     }
 }
 
-// Calls `kernel` with what the filter remembers before the first pixel.
+// Calls `kernel` with what the filter starts with.
 template <class Kernel>
 void WithStep(FilterType type, Kernel kernel) {
     switch (type) {
@@ -240,39 +254,31 @@ void WithStep(FilterType type, Kernel kernel) {
 } // namespace
 
 void FilterSub(std::span<std::uint8_t> row, std::int32_t bytesPerPixel) {
-    // Any row does for the one above, which the filter does not look at.
+    // The row itself stands in for the one above, which this filter does not use.
     WithPixelSize(bytesPerPixel, [&](auto size) { Reconstruct<size>(row, row.data(), SubStep()); });
 }
 
 void FilterUp(std::span<std::uint8_t> row, std::span<const std::uint8_t> previous) {
     constexpr std::size_t Width = sizeof(__m128i);
-    const std::size_t wide = previous.size() / Width * Width;
-    for (std::size_t i = 0; i < wide; i += Width) {
+    std::size_t i = 0;
+    for (; i + Width <= row.size(); i += Width) {
         auto* x = reinterpret_cast<__m128i*>(row.data() + i);
         const auto* b = reinterpret_cast<const __m128i*>(previous.data() + i);
         _mm_storeu_si128(x, _mm_add_epi8(_mm_loadu_si128(x), _mm_loadu_si128(b)));
     }
-    if (wide < previous.size()) {
-        plain::FilterUp(row.subspan(wide), previous.subspan(wide));
+    for (; i < row.size(); ++i) {
+        row[i] = static_cast<std::uint8_t>(row[i] + previous[i]);
     }
 }
 
 void FilterAverage(std::span<std::uint8_t> row, std::span<const std::uint8_t> previous,
                    std::int32_t bytesPerPixel) {
-    if (previous.empty()) {
-        plain::FilterAverage(row, previous, bytesPerPixel);
-        return;
-    }
     WithPixelSize(bytesPerPixel,
                   [&](auto size) { Reconstruct<size>(row, previous.data(), AverageStep()); });
 }
 
 void FilterPaeth(std::span<std::uint8_t> row, std::span<const std::uint8_t> previous,
                  std::int32_t bytesPerPixel) {
-    if (previous.empty()) {
-        FilterSub(row, bytesPerPixel);
-        return;
-    }
     WithPixelSize(bytesPerPixel,
                   [&](auto size) { Reconstruct<size>(row, previous.data(), PaethStep()); });
 }

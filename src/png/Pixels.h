@@ -12,8 +12,8 @@
 
 namespace editor {
 
-// Conversions of reconstructed pixels, each for one row or for any number of rows packed without
-// gaps. `out` is as long as the result and does not overlap the input.
+// Conversions of reconstructed pixels: of one row, or of any number of rows without gaps. `out` has
+// room for the result and does not overlap the input.
 
 struct RGBTriple {
     std::uint8_t Red;
@@ -21,30 +21,30 @@ struct RGBTriple {
     std::uint8_t Blue;
 };
 
-/// The first byte of every 16-bit sample, that is its most significant half.
+/// The first byte of every 16-bit sample, which is its more significant half.
 void Strip16Bit(std::span<const std::uint8_t> data, std::uint8_t* out);
 
-/// `width` samples of 2 bits, the first in a byte's highest bits, as one byte each, 0 to 3.
+/// `width` samples of 2 bits, the first in a byte's highest bits, as one byte from 0 to 3 each.
 void Unpack2Bit(std::int32_t width, std::span<const std::uint8_t> row, std::uint8_t* out);
 
 /// (grey, alpha) pairs as (grey, grey, grey, alpha).
 void GrayAlphaToBGRA(std::span<const std::uint8_t> data, std::uint8_t* out);
 
-/// Exchanges the first and the third of every 3 or 4 bytes.
+/// Copies pixels of 3 or 4 bytes with the first and the third byte exchanged.
 void SwapRGB(std::span<const std::uint8_t> data, std::uint8_t* out);
 void SwapRGBA(std::span<const std::uint8_t> data, std::uint8_t* out);
 
-/// A grey ramp from 0 to 255 for samples of `bitDepth` bits (16: as for 8), as colour table of 4
-/// bytes an entry.
+/// A grey ramp from 0 to 255 for samples of `bitDepth` bits (for 16 bits as for 8), as a colour
+/// table of 4 bytes per entry.
 [[nodiscard]] std::vector<std::uint8_t> MakeGrayPalette(std::int16_t bitDepth);
 
 /// The entries of the stored PLTE chunk; none without one.
 [[nodiscard]] std::vector<RGBTriple> GetPalette();
 
-/// A colour table of 4 bytes an entry: blue, green, red, 0.
+/// A colour table of 4 bytes per entry: blue, green, red, 0.
 [[nodiscard]] std::vector<std::uint8_t> PaletteToQuads(std::span<const RGBTriple> palette);
 
-/// Palette and tRNS chunk together: blue, green, red, alpha by index.
+/// A palette with the alphas of a tRNS chunk: blue, green, red, alpha by index.
 struct AlphaPalette {
     AlphaPalette(std::span<const RGBTriple> palette, std::span<const std::uint8_t> tRNS);
 

@@ -17,7 +17,7 @@ void Unfilter(const HeaderRec& header, std::span<std::uint8_t> rows,
         return static_cast<FilterType>(rows[y * rowBytes]);
     };
     const auto rowAt = [&](std::size_t y) { return rows.subspan(y * rowBytes + 1, rowBytes - 1); };
-    // Whether `number` rows from `y` on are there and each is `kind`.
+    // Whether there are `number` rows from `y` on, all of which are of that kind.
     const auto are = [&](std::size_t y, std::size_t number, auto kind) {
         std::size_t alike = 0;
         while (alike < number && y + alike < count && kind(filterOf(y + alike))) {
@@ -28,10 +28,7 @@ void Unfilter(const HeaderRec& header, std::span<std::uint8_t> rows,
     const auto isPaeth = [](FilterType type) { return type == FilterType::Paeth; };
     std::size_t y = 0;
     while (y < count) {
-        if (previous.empty()) {
-            FilterRow(filterOf(y), rowAt(y), previous, bytesPerPixel);
-            y += 1;
-        } else if (are(y, 4, isPaeth)) {
+        if (are(y, 4, isPaeth)) {
             FilterPaethFour({rowAt(y), rowAt(y + 1), rowAt(y + 2), rowAt(y + 3)}, previous,
                             bytesPerPixel);
             y += 4;

@@ -10,10 +10,10 @@
 
 namespace editor {
 
-/// Reconstructs rows of a filtered image (RowBytes() bytes each) where they lie: each then has its
-/// pixel data behind its filter-type byte, in the layout of the file. `previous` are the pixel data
-/// of the row before, reconstructed; empty for the top row. A filter-type byte that names no filter
-/// leaves its row as it is.
+/// Reconstructs rows of a filtered image (RowBytes() bytes each) in place: after its filter-type
+/// byte each row then has its pixel data, in the layout of the file. `previous` is the pixel data
+/// of the row above the first one, reconstructed; zeros above the top row of the image. A
+/// filter-type byte that names no filter leaves its row as it is.
 void Unfilter(const HeaderRec& header, std::span<std::uint8_t> rows,
               std::span<const std::uint8_t> previous);
 

@@ -43,12 +43,9 @@ void cPNG::DrawToDC(DrawingSurface& hDC, std::int32_t x, std::int32_t y) const {
     }
 }
 
-std::int32_t cPNG::LoadPNGFile(const std::filesystem::path& FileName) {
+std::int32_t cPNG::LoadPNGFile(const std::filesystem::path& FileName, const PictureLimits& limits) {
     mdlPNG.ClearChunks();
-    if (!FileExists(FileName)) {
-        return NoSuchFile;
-    }
-    return LoadPNGBytes(ReadPngFile(FileName));
+    return FileExists(FileName) ? LoadExistingFile(FileName, limits) : NoSuchFile;
 }
 
 } // namespace editor

@@ -7,12 +7,11 @@
 #include "pictures/LargeBuffer.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <map>
 #include <span>
-#include <string>
-#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace editor {
@@ -42,18 +41,27 @@ struct HeaderRec {
 /// The four characters of a chunk's type, as in the file.
 using ChunkTypeText = std::array<char, 4>;
 
+namespace chunks {
+inline constexpr ChunkTypeText IHDR = {'I', 'H', 'D', 'R'};
+inline constexpr ChunkTypeText PLTE = {'P', 'L', 'T', 'E'};
+inline constexpr ChunkTypeText tRNS = {'t', 'R', 'N', 'S'};
+inline constexpr ChunkTypeText bKGD = {'b', 'K', 'G', 'D'};
+inline constexpr ChunkTypeText IDAT = {'I', 'D', 'A', 'T'};
+inline constexpr ChunkTypeText IEND = {'I', 'E', 'N', 'D'};
+} // namespace chunks
+
 /// One chunk as read from the file.
 struct ChunkRec {
     std::int32_t Length = 0; // of Data
     ChunkTypeText ChunkType{};
-    std::span<const std::uint8_t> Data; // in the bytes that mdlPNG holds
+    std::span<const std::uint8_t> Data; // in mdlPNG.FileBytes
     std::array<std::uint8_t, 4> CRC{};  // as in the file, never examined
 };
 
 /// A decoded image as a device-independent bitmap; no image when all of it is empty.
 struct BitmapRec {
     BITMAPINFOHEADER Header;
-    std::vector<std::uint8_t> Palette; // blue, green, red, 0 an entry
+    std::vector<std::uint8_t> Palette; // blue, green, red, 0 for each entry
     /// biHeight rows of DibStride() bytes, the bottom row first, the padding of a row 0. Pixels of
     /// 1 and 4 bits from the highest bits down, 24 bits blue, green, red, 32 bits blue, green, red,
     /// alpha (255 opaque).
@@ -66,31 +74,33 @@ struct PngModule {
     HeaderRec PngHeader;
     BitmapRec PngImage;
 
-    /// The chunk table: two arrays of the same bounds. Index 0 is a placeholder, the chunks follow
-    /// in the order of the file. Both are empty before the first file.
+    /// The chunk table: index 0 is a placeholder, the chunks follow in the order of the file. Empty
+    /// before the first file.
     std::deque<ChunkRec> Chunks;
-    /// The type and the running number among the chunks of that type, from 1: "IDAT2".
-    std::deque<std::string> ChunkKeys;
-    /// What the chunks' Data lie in: the file, read whole.
+    /// What the chunks' Data are part of: the file as far as it was read, without its signature.
     LargeBuffer FileBytes;
+
+    // The key of a chunk is its type and its number among the chunks of that type, from 1: the
+    // second IDAT chunk has the key "IDAT2".
 
     /// Back to the placeholder alone; the file's bytes go as well.
     void ClearChunks();
-    /// Appends `chunk`, whose key has to be NextKey() of its type.
-    void AddChunk(const ChunkRec& chunk, const std::string& key);
-    /// Type and the smallest number with which it is not stored yet.
-    [[nodiscard]] std::string NextKey(const ChunkTypeText& type) const;
-    [[nodiscard]] bool ChunkExists(std::string_view key) const;
+    /// Appends `chunk` under its type and the next number.
+    void AddChunk(const ChunkRec& chunk);
+    [[nodiscard]] bool ChunkExists(const ChunkTypeText& type, std::size_t number = 1) const;
     /// A copy of the chunk's record, which refers to the same data; an empty record when there is
     /// no such chunk.
-    [[nodiscard]] ChunkRec GetChunk(std::string_view key) const;
+    [[nodiscard]] ChunkRec GetChunk(const ChunkTypeText& type, std::size_t number = 1) const;
+    /// The indices of all chunks of a type in the order of the file.
+    [[nodiscard]] std::span<const std::int32_t> IndicesOf(const ChunkTypeText& type) const;
 
-    /// The indices of the chunks of a type by number. A file may hold millions of chunks, so that
-    /// no look-up may search through them.
-    std::map<std::string, std::vector<std::int32_t>, std::less<>> IndicesOfType;
+    /// An upper limit for the bytes that the table takes for one chunk.
+    static constexpr std::size_t BytesPerChunk = 160;
 
   private:
-    [[nodiscard]] std::int32_t IndexOf(std::string_view key) const;
+    // By the 32 bits of the type. A file may have millions of chunks, of as many types, so that no
+    // look-up may search.
+    std::unordered_map<std::uint32_t, std::vector<std::int32_t>> indicesOfType_;
 };
 
 extern PngModule mdlPNG;

@@ -9,18 +9,26 @@
 #include "model/mdlEdit.h"
 #include "pictures/BitmapFile.h"
 #include "pictures/DrawingSurface.h"
+#include "pictures/FreeMemory.h"
+#include "pictures/LargeBuffer.h"
+#include "pictures/PictureLimits.h"
 #include "png/cPNG.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <exception>
+#include <memory>
 #include <stdexcept>
 #include <utility>
 
 namespace editor {
 namespace {
+
+// Some of the free memory is left to the other programs, so that no picture can drive them out.
+PictureLimits Limits() {
+    return {.MaximumSide = MaximumPictureSide, .MaximumBytes = FreeMemory() / 4 * 3};
+}
 
 void LoadPicture(const QString& name, Picture& target) {
     const QString path = FindInFolder(mdlEdit.LevelPath, name);
@@ -32,7 +40,7 @@ void LoadPicture(const QString& name, Picture& target) {
     if (file == nullptr) {
         throw std::runtime_error("not an ordinary file that can be opened");
     }
-    target = LoadBitmap(*file, MaximumPictureSide);
+    target = LoadBitmap(*file, Limits());
 }
 
 // Every error raised while a picture is loaded makes it a failed load and nothing else.
@@ -45,36 +53,17 @@ bool Loads(const QString& name, Picture& target) {
     }
 }
 
-std::uint32_t BigEndian(QByteArrayView bytes) {
-    std::uint32_t value = 0;
-    for (const char byte : bytes) {
-        value = value << 8U | static_cast<unsigned char>(byte);
-    }
-    return value;
-}
-
-// A picture that is wider or higher than a level can be is not decoded first. Where a PNG file is
-// one, width and height stand at this place (W3C PNG, 5.2 and 11.2.2).
-void RefuseOversizedPng(const QString& path) {
-    constexpr qint64 SizeOffset = 16;
-    const std::unique_ptr<QFile> file = OpenRegularFile(path);
-    if (file == nullptr) {
-        return; // the decoder will say so
-    }
-    const QByteArray start = file->read(SizeOffset + 8);
-    if (start.size() == SizeOffset + 8 &&
-        std::max(BigEndian(QByteArrayView(start).sliced(SizeOffset, 4)),
-                 BigEndian(QByteArrayView(start).sliced(SizeOffset + 4, 4))) > MaximumPictureSide) {
-        throw std::runtime_error("the picture is too large");
-    }
-}
-
 } // namespace
 
 bool LoadPictures() {
     const bool level = Loads(mdlEdit.LevelFile, mdlEdit.LevelPicture);
+    // The other two have to be readable, but nothing shows them. Each is let go at once, so that
+    // the next picture is decoded into the same memory.
     const bool back = Loads(mdlEdit.BackFile, mdlEdit.BackPicture);
+    mdlEdit.BackPicture = {};
     const bool material = Loads(mdlEdit.MaterialFile, mdlEdit.MaterialPicture);
+    mdlEdit.MaterialPicture = {};
+    LargeBuffer::ReleaseKept();
     mdlEdit.GraphicsLoaded = level && back && material;
     if (mdlEdit.GraphicsLoaded) {
         mdlEdit.LevelWidth = RoundTo<std::int16_t>(mdlEdit.LevelPicture.width());
@@ -84,9 +73,8 @@ bool LoadPictures() {
 }
 
 void LoadPNGPicture(const QString& path, Picture& target) {
-    RefuseOversizedPng(path);
     cPNG PNGDecoder;
-    if (PNGDecoder.LoadPNGFile(QFileInfo(path).filesystemFilePath()) != 0) {
+    if (PNGDecoder.LoadPNGFile(QFileInfo(path).filesystemFilePath(), Limits()) != 0) {
         throw std::runtime_error("not an acceptable PNG file");
     }
     DrawingSurface picTemp(PNGDecoder.Width(), PNGDecoder.Height());

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
+#include "pictures/Pixel.h"
 #include "png/PngFixture.h"
 
 #include <sstream>
@@ -89,7 +90,7 @@ TEST_F(ChunkRulesTest, ARefusedFileLeavesTheLastAcceptedOneInPlace) {
     expectRefused(png_.LoadPNGFile(File("folder.png")), 3, "a folder");
     expectRefused(png_.LoadPNGFile("/dev/zero"), 3, "a device");
     expectRefused(png_.LoadPNGFile(File("missing.png")), 1, "nothing");
-    EXPECT_FALSE(mdlPNG.ChunkExists("IHDR1"));
+    EXPECT_FALSE(mdlPNG.ChunkExists(chunks::IHDR));
 }
 
 TEST_F(ChunkRulesTest, FilesWithinTheRulesAreAccepted) {
@@ -116,7 +117,7 @@ TEST_F(ChunkRulesTest, WithoutAnImageToHoldNothingIsDrawn) {
     ASSERT_EQ(Load(Join({Signature(), Chunks("IDAT IEND")})), 0);
     EXPECT_EQ(mdlPNG.PngHeader, HeaderRec{});
     EXPECT_THROW(png_.DrawToDC(surface, 0, 0), std::runtime_error);
-    EXPECT_EQ(PixelsOf(surface), std::vector{DrawingSurface::InitialColour});
+    EXPECT_EQ(PixelsOf(surface), std::vector{NeutralGrey});
 }
 
 TEST_F(ChunkRulesTest, AnErrorWhileDecodingLeavesTheNewHeaderAndTheOldImage) {
@@ -151,42 +152,58 @@ TEST_F(ChunkRulesTest, AnErrorWhileDecodingLeavesTheNewHeaderAndTheOldImage) {
     EXPECT_THROW(static_cast<void>(Load(Join({Signature(), IHDR(one), Claim(128, 0)}))),
                  std::overflow_error);
     EXPECT_EQ(mdlPNG.PngHeader, HeaderRec{});
-    EXPECT_TRUE(mdlPNG.ChunkExists("IHDR1"));
+    EXPECT_TRUE(mdlPNG.ChunkExists(chunks::IHDR));
 }
 
-TEST_F(ChunkRulesTest, ChunksAreKeptUnderTheirTypeAndNumberInTheOrderOfTheFile) {
-    const Bytes stream = Deflated({0, 42});
-    const Bytes parts[] = {{stream[0]}, {stream[1], stream[2]}, {stream.begin() + 3, stream.end()}};
-    ASSERT_EQ(Load(Join({Signature(), Chunks("IHDR8.0 teXt1 teXt2"), Chunk("IDAT", parts[0]),
-                         Chunk("IDAT", parts[1]), Chunk("IDAT", parts[2]), Chunks("ruNs4 IEND0")})),
-              0);
-    EXPECT_EQ(HeldPixels(), (Bytes{42, 0, 0, 0}));
-    EXPECT_EQ(mdlPNG.ChunkKeys, (std::deque<std::string>{"", "IHDR1", "teXt1", "teXt2", "IDAT1",
-                                                         "IDAT2", "IDAT3", "ruNs1", "IEND1"}));
-    for (const auto& [key, data] : {std::pair{"teXt2", Bytes(2, 9)},
-                                    {"IDAT2", parts[1]},
-                                    {"IDAT3", parts[2]},
-                                    {"ruNs1", Bytes(4, 9)}}) {
-        const ChunkRec chunk = mdlPNG.GetChunk(key);
-        EXPECT_EQ(chunk.Length, static_cast<std::int32_t>(data.size())) << key;
-        EXPECT_EQ(Bytes(chunk.Data.begin(), chunk.Data.end()), data) << key;
-    }
-    EXPECT_EQ(mdlPNG.GetChunk("IEND1").CRC, (std::array<std::uint8_t, 4>{0xAE, 0x42, 0x60, 0x82}));
-    for (const char* key : {"", "IDAT", "IDAT0", "IDAT4", "IDAT01", "IDAT1 ", "idat1", "IDA"}) {
-        EXPECT_FALSE(mdlPNG.ChunkExists(key)) << key;
-        EXPECT_EQ(mdlPNG.GetChunk(key).Length, 0) << key;
-    }
-}
-
-TEST_F(ChunkRulesTest, AMillionChunksAreReadInNoMoreThanLinearTime) {
-    const Bytes note = Chunk("teXt");
+TEST_F(ChunkRulesTest, AMillionChunksOfAsManyTypesAreReadInNoMoreThanLinearTime) {
+    const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    std::string type;
     Bytes file = Join({Signature(), Chunks("IHDR8.0")});
-    for (int i = 0; i < 1000000; ++i) {
-        file.insert(file.end(), note.begin(), note.end());
+    for (std::size_t i = 0; i < 1000000; ++i) {
+        type = {letters[26 + i % 26], letters[i / 26 % 52], letters[i / 1352 % 26],
+                letters[i / 35152 % 52]};
+        file.insert(file.end(), {0, 0, 0, 0});
+        file.insert(file.end(), type.begin(), type.end());
+        file.insert(file.end(), {0, 0, 0, 0});
     }
-    ASSERT_EQ(Load(Join({file, Chunks("IDAT IEND")})), 0);
-    EXPECT_TRUE(mdlPNG.ChunkExists("teXt1000000"));
-    EXPECT_EQ(mdlPNG.Chunks.size(), 1000004U);
+    ASSERT_EQ(Load(Join({file, Chunks("teXt1 teXt2 IDAT IEND")})), 0);
+    EXPECT_EQ(mdlPNG.Chunks.size(), 1000006U);
+    EXPECT_TRUE(mdlPNG.ChunkExists({type[0], type[1], type[2], type[3]}));
+    EXPECT_FALSE(mdlPNG.ChunkExists(chunks::IDAT, 2));
+    EXPECT_EQ(mdlPNG.GetChunk({'t', 'e', 'X', 't'}, 2).Data.size(), 2U);
+}
+
+TEST_F(ChunkRulesTest, AFileIsReadToItsEndMarkWhateverItsSize) {
+    constexpr std::uintmax_t Limit = 0x80000000; // of what can be read: 2 GiB
+    const Bytes claim =
+        Join({Signature(), Chunks("IHDR8.0"), {127, 255, 255, 255, 't', 'e', 'X', 't'}});
+    const auto load = [&](const Bytes& start) {
+        WriteFile(File("large.png"), start);
+        std::filesystem::resize_file(File("large.png"), Limit + 1000); // takes no room on the disk
+        return png_.LoadPNGFile(File("large.png"));
+    };
+    EXPECT_EQ(load(OnePixelPng()), 0);
+    EXPECT_EQ(Drawn(), std::vector<std::uint32_t>{0xff0a141e});
+    EXPECT_LT(mdlPNG.FileBytes.size(), OnePixelPng().size());
+    EXPECT_EQ(load({'B', 'M'}), 3);
+    EXPECT_THROW(static_cast<void>(load(claim)), std::overflow_error);
+}
+
+TEST_F(ChunkRulesTest, WhatTakesMoreThanItMayIsRefusedBeforeItTakesIt) {
+    const Bytes wide = PngOf(Header(300, 200, 1, Greyscale), {0, 1});
+    const Bytes notes = Join({Signature(), Chunks("IHDR8.0 teXt9 teXt9 teXt9 IDAT IEND")});
+    constexpr std::uint64_t WideBytes = 300 * 200 * 4 + 40 * 200;
+    const auto load = [&](const Bytes& bytes, const PictureLimits& limits) {
+        WriteFile(File("limited.png"), bytes);
+        return png_.LoadPNGFile(File("limited.png"), limits);
+    };
+    EXPECT_EQ(load(wide, {.MaximumSide = 300, .MaximumBytes = WideBytes + 1000}), 0);
+    EXPECT_THROW(static_cast<void>(load(wide, {.MaximumSide = 299})), std::runtime_error);
+    EXPECT_THROW(static_cast<void>(load(wide, {.MaximumBytes = WideBytes})), std::bad_alloc);
+    EXPECT_EQ(load(notes, {.MaximumBytes = 1500}), 0);
+    EXPECT_THROW(static_cast<void>(load(notes, {.MaximumBytes = 600})), std::bad_alloc);
+    const Bytes large = Join({Signature(), Chunks("IHDR8.0 teXt999999 IDAT IEND")});
+    EXPECT_THROW(static_cast<void>(load(large, {.MaximumBytes = 900000})), std::bad_alloc);
 }
 
 } // namespace

@@ -1,35 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
-#include "png/Drawing.h"
-
+#include "pictures/Pixel.h"
 #include "png/PngFixture.h"
-
-#include <cstring>
 
 namespace editor {
 namespace {
 
 using DrawingTest = PngFixture;
-
-TEST_F(DrawingTest, BlendingManyPixelsAtOnceIsBlendingEachAlone) {
-    const HeaderRec header = Header(23, 256, 8, 6);
-    Bytes pixels = NoiseRows(header, 1);
-    const Bytes backgrounds = NoiseRows(header, 2);
-    for (std::size_t row = 0; row < 256; ++row) {
-        std::array<std::uint32_t, 23> below, together, alone;
-        std::uint8_t* first = &pixels[row * 92];
-        for (std::size_t i = 0; i < 23; ++i) {
-            // Every alpha once, and runs of both ends.
-            first[4 * i + 3] = static_cast<std::uint8_t>(i < 8 ? row : i < 13 ? 0 : 255);
-            std::memcpy(&below[i], &backgrounds[row * 92 + 4 * i], 4);
-            alone[i] = below[i] |= 0xff000000;
-            BlendRow(&alone[i], &alone[i], first + 4 * i, 1);
-        }
-        BlendRow(together.data(), below.data(), first, 23);
-        ASSERT_EQ(together, alone) << row;
-    }
-}
 
 TEST_F(DrawingTest, AnImageIsPutAtItsPositionAndCutOffAtTheEdges) {
     const Bytes blended = {0, 17, 255, 34, 255, 51, 255, 0, 68, 255, 85, 255, 102, 255};
@@ -53,8 +31,7 @@ TEST_F(DrawingTest, AnImageIsPutAtItsPositionAndCutOffAtTheEdges) {
                     const bool covered = column >= 0 && column < 3 && row >= 0 && row < 2;
                     const auto pixel = static_cast<std::uint32_t>(row * 3 + column + 1);
                     EXPECT_EQ(surface.row(static_cast<std::int32_t>(y))[x],
-                              covered ? 0xff000000U + 0x111111U * pixel
-                                      : DrawingSurface::InitialColour)
+                              covered ? 0xff000000U + 0x111111U * pixel : NeutralGrey)
                         << left << ", " << top;
                 }
             }

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 #include <optional>
-#include <random>
 #include <zlib.h>
 
 namespace editor {
@@ -32,59 +31,33 @@ Outcome InBands(const Bytes& stream, std::size_t size, std::size_t bandSize) {
     return accepted ? Outcome(inflated) : std::nullopt;
 }
 
-// Noise with runs and copies from afar, as pictures have them.
-Bytes Data(std::mt19937& random, std::size_t size) {
-    Bytes data(size);
-    for (std::size_t i = 0; i < size; ++i) {
-        const auto choice = random() % 100;
-        const std::size_t back = choice == 0 ? random() % 40000 + 1 : 1;
-        data[i] = choice < 60 && i >= back ? data[i - back] : static_cast<std::uint8_t>(random());
-    }
-    return data;
-}
-
 TEST(InflateTest, InBandsOfAnySizeTheResultIsZlibsOwn) {
-    std::mt19937 random(1);
-    int accepted = 0, refused = 0;
-    const auto compare = [&](const Bytes& stream, std::size_t size, std::size_t bandSize) {
-        const Outcome expected = ByZlib(stream, size);
-        ++(expected ? accepted : refused);
-        ASSERT_EQ(InBands(stream, size, bandSize), expected) << size << " in " << bandSize;
+    constexpr std::size_t Size = 700;
+    const Bytes stream = Deflated(NoiseRows(Header(Size, 1, 8, Greyscale), 1));
+    int accepted = 0;
+    const auto compare = [&](const Bytes& compared, std::size_t size, std::size_t bandSize) {
+        const Outcome expected = ByZlib(compared, size);
+        accepted += expected ? 1 : 0;
+        ASSERT_EQ(InBands(compared, size, bandSize), expected) << size << " in " << bandSize;
     };
-    for (const std::size_t size : {1, 15, 16, 17, 5552, 70000}) {
-        // All bytes 255: the largest sums that a checksum can meet.
-        for (const Bytes& data : {Data(random, size), Bytes(size, 255)}) {
-            for (const int level : {0, 9}) {
-                const Bytes stream = Deflated(data, level);
-                for (const std::size_t bandSize : {size, size / 3 + 1, std::size_t{300}}) {
-                    compare(stream, size, bandSize);
-                    compare(stream, size + 1, bandSize);
-                    compare(stream, size + 1000, bandSize);
-                    compare(stream, std::max<std::size_t>(1, size - 1), bandSize);
-                    compare(Join({stream, {1, 2, 3}}), size, bandSize);
-                }
-            }
+    for (const std::size_t bandSize : {std::size_t{64}, std::size_t{100}, Size}) {
+        for (const std::size_t size : {Size - 1, Size, Size + 1, 2 * Size}) {
+            compare(stream, size, bandSize);
+            compare(Join({stream, {1, 2, 3}}), size, bandSize);
+        }
+        compare(Deflated({}), Size, bandSize);
+        compare(Deflated(Bytes(70000, 255)), 70000, 100 * bandSize); // the largest sums
+        for (std::size_t length = 0; length < stream.size(); ++length) {
+            compare(Bytes(stream.begin(), stream.begin() + static_cast<std::ptrdiff_t>(length)),
+                    Size, bandSize);
+        }
+        for (std::size_t bit = 0; bit < 8 * stream.size(); ++bit) {
+            Bytes damaged = stream;
+            damaged[bit / 8] ^= static_cast<std::uint8_t>(1 << bit % 8);
+            compare(damaged, Size, bandSize);
         }
     }
-    const Bytes stream = Deflated(Data(random, 700));
-    for (std::size_t length = 0; length < stream.size(); ++length) {
-        compare(Bytes(stream.begin(), stream.begin() + static_cast<std::ptrdiff_t>(length)), 700,
-                length % 2 == 0 ? 700 : 64);
-    }
-    for (std::size_t bit = 0; bit < 8 * stream.size(); ++bit) {
-        Bytes damaged = stream;
-        damaged[bit / 8] ^= static_cast<std::uint8_t>(1 << bit % 8);
-        compare(damaged, 700, bit % 2 == 0 ? 700 : 64);
-    }
-    for (unsigned header = 0; header < 0x10000; ++header) {
-        Bytes other = stream;
-        other[0] = static_cast<std::uint8_t>(header >> 8);
-        other[1] = static_cast<std::uint8_t>(header);
-        compare(other, 700, 700);
-    }
-    compare(Deflated({}), 10, 10);
-    EXPECT_GT(accepted, 300);
-    EXPECT_GT(refused, 5000);
+    EXPECT_GE(accepted, 3 * 7); // the whole stream where it fits, and where a bit does not count
 }
 
 } // namespace
