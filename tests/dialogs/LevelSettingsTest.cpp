@@ -23,14 +23,16 @@ auto Settings(auto& model) {
 
 TEST_F(LevelDialog, AcceptGivesBackWhatF5ShowsWithTheForcesRoundedToEvenAndClamped) {
     Open(test::LevelFolder());
-    LevelModel model;
-    Settings(model) =
-        std::tuple(u"gfx\\1.png"_s, u"m.bmp"_s, u"\u00e4.png"_s, u"p"_s, true, -2147483647, 7);
-    mdlEdit = model;
-    Type(u"F5"_s);
-    mdlEdit = {};
-    Click(u"cmdOK"_s);
-    EXPECT_EQ(Settings(mdlEdit), Settings(model));
+    for (const bool scrolls : {true, false}) {
+        LevelModel model;
+        Settings(model) = std::tuple(u"gfx\\1.png"_s, u"m.bmp"_s, u"\u00e4.png"_s, u"p"_s, scrolls,
+                                     -2147483647, 7);
+        mdlEdit = model;
+        Type(u"F5"_s);
+        mdlEdit = {};
+        Click(u"cmdOK"_s);
+        EXPECT_EQ(Settings(mdlEdit), Settings(model));
+    }
     for (const auto& [text, force, opposite] : {std::tuple{u"12.5 N"_s, 12, -12},
                                                 {u"3.5"_s, 4, -4},
                                                 {u"1e999"_s, INT32_MAX, INT32_MIN}}) {

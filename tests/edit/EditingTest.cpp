@@ -192,9 +192,13 @@ TEST_F(Editing, AModeShowsItsPanelAloneAndSelectsNothing) {
 }
 
 TEST_F(Editing, OnlyTheKeypadZoomsAndTheSelectionStays) {
-    mdlEdit.NumStartPoints = 1;
+    QImage picture(400, 300, QImage::Format_RGB32);
+    picture.fill(Ground);
+    picture.setPixel(399, 299, 0xff000000); // seen in the view's last pixel unless it is left out
+    mdlEdit.LevelPicture = Picture(picture);
+    mdlEdit.NumStartPoints = 2;
     Press(Qt::LeftButton, {0, 0});
-    for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Minus}) {
+    for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Backspace}) {
         Key(key);
         EXPECT_EQ(mdlEdit.Zoom, 1);
     }
@@ -202,11 +206,18 @@ TEST_F(Editing, OnlyTheKeypadZoomsAndTheSelectionStays) {
     for (const float zoom : {2.0F, 4.0F, 8.0F, 8.0F, 4.0F, 2.0F, 1.0F, 0.5F, 0.25F, 0.25F}) {
         Key(++presses <= 4 ? Qt::Key_Plus : Qt::Key_Minus, Qt::KeypadModifier);
         EXPECT_EQ(mdlEdit.Zoom, zoom);
-        EXPECT_EQ(view().ClientSize(), QSize(400, 300) * zoom);
-        EXPECT_EQ(Drawn().pixelColor(view().ClientSize().width() - 1, 9), QColor(Ground));
+        const QSize size = QSize(400, 300) * zoom;
+        EXPECT_EQ(view().ClientSize(), size);
+        EXPECT_EQ(Drawn().pixel(size.width() - 1, size.height() - 1),
+                  zoom < 1 ? Ground : 0xff000000);
     }
+    EXPECT_EQ(mdlEdit.NumStartPoints, 2);
     Key(Qt::Key_Delete);
-    EXPECT_EQ(mdlEdit.NumStartPoints, 0);
+    EXPECT_EQ(mdlEdit.NumStartPoints, 1);
+    Press(Qt::LeftButton, {0, 0});
+    Type(u"F7"_s);
+    Type(u"F7"_s);
+    EXPECT_EQ(view().curpoint, -1) << "a view that is shown again";
 }
 
 TEST_F(Editing, ASettingsWindowMadeAnewCountsAsAChangeOfTheMode) {

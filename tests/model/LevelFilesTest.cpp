@@ -125,8 +125,9 @@ TEST_F(LevelFiles, TheTextIsReadAsThePlatformReadsPrivateProfiles) {
         {"[Map]\nBack=\"a'\n[Physics]\nKickerForce=42A", u"\"a'"_s, 42},
         {"[Map]\nBack=\"\n[Physics]\nKickerForce=+1", u"\""_s, 1},
         {" ;[Map]\n[Map]\n;Back=x\nBack=a;b#c\n[Physics]\nKickerForce=A1", u"a;b#c"_s, 0},
-        {"Back=0\n[Map]\nno key\nBack=a\nBack=b\n[map]\nBack=c\n[Physics]\nKickerForce=", u"a"_s,
-         0},
+        {"Back=0\n[Map]\nno "
+         "key\nBack=a\nBack=b\n[map]\nBack=c\nKickerForce=8\n[Physics]\nKickerForce=",
+         u"a"_s, 0},
         {"[Other]\n[Map]\n[Map]\nBack=lost\n[Physics]\nKickerForce=-0007", QString(), -7},
         {"\xEF\xBB\xBF[Map]\nBack=a=b\n[Physics]\nKickerForce=- 5", u"a=b"_s, 0},
         {"[Map]\nBack=a" + QByteArray(1, '\0') + "b\n[Physics]\nKickerForce=9", u"a"_s, 9},

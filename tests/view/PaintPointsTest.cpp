@@ -83,14 +83,14 @@ TEST_F(PaintPoints, ItemsAndStartPointsAreDrawnInTheirModeOnly) {
 }
 
 TEST_F(PaintPoints, MarksKeepTheirSizeAtEveryZoomAndOddLinksAndSelectionsCountForNothing) {
-    model.WayPoints[0] = {10, 9, 0, {-1, 1, 200, 32767, -32768}, {}, 4};
+    model.WayPoints[0] = {10, 11, 0, {-1, 1, 200, 32767, -32768}, {}, 4};
     const Colours plain = {Black, Blue, Ground, Ground}, nothing(4, Ground);
     using Row = std::tuple<int, float, int, QPoint, Colours>; // count, zoom, selected, the mark
     for (const auto& [count, zoom, selected, at, colours] :
-         {Row{1, 8, 0, {80, 72}, {White, Black, Black, Ground}}, Row{1, 8, -1, {80, 72}, plain},
-          Row{1, 8, 1, {80, 72}, plain}, Row{1, 8, 200, {80, 72}, plain},
-          Row{1, 8, -5, {80, 72}, plain}, Row{1, 0.25F, -1, {2, 2}, plain}, // (2.5, 2.25)
-          Row{-1, 1, 0, {10, 9}, nothing}}) {
+         {Row{1, 8, 0, {80, 88}, {White, Black, Black, Ground}}, Row{1, 8, -1, {80, 88}, plain},
+          Row{1, 8, 1, {80, 88}, plain}, Row{1, 8, 200, {80, 88}, plain},
+          Row{1, 8, -5, {80, 88}, plain}, Row{1, 0.25F, -1, {2, 3}, plain}, // (2.5, 2.75)
+          Row{-1, 1, 0, {10, 11}, nothing}}) {
         model.NumWayPoints = count;
         model.Zoom = zoom;
         Paint(EditingMode::Waypoints, selected);
