@@ -12,7 +12,7 @@
 #include "model/mdlEdit.h"
 #include "support/PngBuilder.h"
 #include "view/frmWaypoint.h"
-#include "windows/Dialogs.h"
+#include "windows/Choosers.h"
 
 #include <QAction>
 #include <QApplication>
@@ -64,7 +64,7 @@ Measured Open(const QString& folder) {
     main.resize(1920, 1080);
     main.show();
     QApplication::processEvents();
-    dialogs().browseForFolder = [&](QWidget*, const QString&) { return folder; };
+    choosers().browseForFolder = [&](QWidget*, const QString&) { return folder; };
     const FirstFrame frame(main.mapView.Use());
     const std::int64_t before = StatusBytes("VmRSS");
     const double time = Milliseconds([&] {

@@ -17,7 +17,6 @@ frmWaypoint* MakeMapView(frmMain& main, FormArea& area) {
         const frmWaypointSettings* settings = main.entitySettings.Existing();
         return settings != nullptr ? settings->Mode() : frmWaypointSettings::InitialMode;
     });
-    area.Watch(*view);
     // An event of the view that comes when the settings were closed makes them anew.
     const auto answer = [&main, view](auto signal, auto handler) {
         QObject::connect(view, signal, view, [&main, handler](frmWaypoint& sender, auto... what) {
@@ -35,13 +34,11 @@ frmWaypoint* MakeMapView(frmMain& main, FormArea& area) {
 
 frmWaypointSettings* MakeEntitySettings(frmMain& main, FormArea& area) {
     auto* settings = new frmWaypointSettings(area, main.mapView);
-    area.Pin(*settings);
     return settings;
 }
 
 frmLevel* MakeLevelSettings(frmMain& main, FormArea& area) {
     auto* dialog = new frmLevel(area);
-    area.Pin(*dialog);
     QObject::connect(dialog, &frmLevel::Accepted, &main, &frmMain::LevelSettingsAccepted);
     QObject::connect(dialog, &MdiForm::Closed, &main, &frmMain::LevelSettingsClosed);
     return dialog;

@@ -9,8 +9,9 @@
 #include "model/mdlEdit.h"
 #include "view/LevelGraphics.h"
 #include "view/Zoom.h"
-#include "windows/Dialogs.h"
+#include "windows/Choosers.h"
 #include "windows/Layout.h"
+#include "windows/MessageBox.h"
 
 #include <QAction>
 #include <QApplication>
@@ -19,6 +20,7 @@
 #include <QScreen>
 #include <QStyle>
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -56,6 +58,7 @@ frmMain::frmMain()
     ensurePolished();
     resize(Twips(InitialWidth),
            Twips(InitialHeight) + menuBar()->heightForWidth(Twips(InitialWidth)));
+    ownSize_ = size();
     MDIForm_Load();
 }
 
@@ -127,7 +130,7 @@ void frmMain::SetMenus() {
 }
 
 QString frmMain::BrowseFolder(const QString& title) {
-    return dialogs().browseForFolder(this, title);
+    return choosers().browseForFolder(this, title);
 }
 
 void frmMain::mnuLevNew_Click() {
@@ -142,7 +145,8 @@ void frmMain::mnuLevNew_Click() {
     BeginLevel(folder);
     SetMenus();
     ClearSelection();
-    ShowPinned(levelSettings.Use(), Qt::TopLeftCorner);
+    area_->ScrollTo({0, 0});
+    ShowPinned(levelSettings.Use());
     mnuLevSettings->setChecked(true);
 }
 
@@ -158,6 +162,7 @@ void frmMain::mnuLevOpen_Click() {
         return;
     }
     LoadGraphics();
+    area_->ScrollTo({0, 0});
     ClearSelection();
     SetMenus();
 }
@@ -171,7 +176,7 @@ void frmMain::mnuSave_Click() {
 // The entry toggled its check mark before it called.
 void frmMain::mnuLevSettings_Click() {
     if (mnuLevSettings->isChecked()) {
-        ShowPinned(levelSettings.Use(), Qt::TopLeftCorner);
+        ShowPinned(levelSettings.Use());
         levelSettings.Use().Init();
     } else {
         levelSettings.Use().hide();
@@ -217,6 +222,9 @@ void frmMain::ShowLevel() {
     view.curpoint = NoSelection;
     entitySettings.Use().ShowWaypoint(NoSelection);
     SizeView(view);
+    // Side by side.
+    const QSize settings = entitySettings.Use().size();
+    GrowFor({view.width() + settings.width(), std::max(view.height(), settings.height())});
     DrawLevelPicture(view);
     view.PaintPoints();
     view.TakeKeyboard();
@@ -270,7 +278,7 @@ void frmMain::KeepKeyboardInSight() {
 }
 
 void frmMain::ShowEntitySettings() {
-    ShowPinned(entitySettings.Use(), Qt::TopRightCorner);
+    ShowPinned(entitySettings.Use());
 }
 
 void frmMain::HideEntitySettings() {
@@ -279,22 +287,32 @@ void frmMain::HideEntitySettings() {
     }
 }
 
-// A pinned window goes to its corner when it is first shown and stays where the user puts it. The
-// main window grows where it is too small to show all of it, as far as the screen allows.
-void frmMain::ShowPinned(MdiForm& form, Qt::Corner corner) {
-    if (!form.property("placed").toBool()) {
-        form.setProperty("placed", true);
-        if (!isMaximized() && !isFullScreen()) {
-            const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-            const QSize missing =
-                (form.size() + QSize(scrollBar, scrollBar) - area_->size()).expandedTo({0, 0});
-            resize((size() + missing).boundedTo(screen()->availableSize()));
-        }
-        const int right = area_->viewport()->width() - form.width();
-        form.move(corner == Qt::TopRightCorner ? std::max(0, right) : 0, 0);
-    }
+void frmMain::ShowPinned(MdiForm& form) {
+    GrowFor(form.size());
     form.show();
     form.raise();
+}
+
+// Gives the area as much of this size as the screen allows, unless it is the user who has given the
+// main window the size that it has.
+void frmMain::GrowFor(const QSize& wanted) {
+    if (isMaximized() || isFullScreen() || size() != ownSize_) {
+        return;
+    }
+    const QRect available = screen()->availableGeometry();
+    const QSize most = available.size() - (frameGeometry().size() - area_->size());
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const QSize bars(wanted.height() > most.height() ? bar : 0,
+                     wanted.width() > most.width() ? bar : 0);
+    const QSize grown = (wanted + bars).boundedTo(most).expandedTo(area_->size());
+    resize(size() + grown - area_->size());
+    ownSize_ = size();
+    QRect frame = frameGeometry();
+    frame.moveRight(std::min(frame.right(), available.right()));
+    frame.moveBottom(std::min(frame.bottom(), available.bottom()));
+    if (frame != frameGeometry()) {
+        move(frame.topLeft());
+    }
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -70,9 +70,11 @@ class frmMain : public QMainWindow {
     void HideEntitySettings();
     void ClearSelection();
     void KeepKeyboardInSight();
-    void ShowPinned(MdiForm& form, Qt::Corner corner);
+    void ShowPinned(MdiForm& form);
+    void GrowFor(const QSize& wanted);
 
     FormArea* area_;
+    QSize ownSize_; // the last one that was not given by the user
 };
 
 } // namespace editor

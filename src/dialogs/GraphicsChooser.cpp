@@ -5,7 +5,7 @@
 
 #include "files/FileNames.h"
 #include "model/mdlEdit.h"
-#include "windows/Dialogs.h"
+#include "windows/Choosers.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,7 +25,7 @@ std::optional<QString> Below(const QString& folder, const QString& path) {
 } // namespace
 
 QString ShowOpenDialog(QWidget* owner, const QString& initialFolder, const QString& filter) {
-    return dialogs().openFileName(owner, QStringLiteral("Open File"), initialFolder, filter);
+    return choosers().openFileName(owner, QStringLiteral("Open File"), initialFolder, filter);
 }
 
 QString BrowseStartFolder() {

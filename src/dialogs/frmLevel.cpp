@@ -6,8 +6,8 @@
 #include "dialogs/GraphicsChooser.h"
 #include "model/FieldValue.h"
 #include "model/mdlEdit.h"
-#include "windows/Dialogs.h"
 #include "windows/Layout.h"
+#include "windows/MessageBox.h"
 #include "windows/TextBox.h"
 
 #include <QCheckBox>
@@ -56,7 +56,8 @@ QPushButton* MakeBrowseButton(QWidget* frame, const QString& name, const QString
 
 } // namespace
 
-frmLevel::frmLevel(QMdiArea& area) : MdiForm(area, QStringLiteral("Level settings"), new QWidget) {
+frmLevel::frmLevel(FormArea& area)
+    : MdiForm(area, QStringLiteral("Level settings"), new QWidget, {.pinned = true}) {
     setObjectName(QStringLiteral("frmLevel"));
     MakeGraphics(widget());
     MakePhysics(widget());

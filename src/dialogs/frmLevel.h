@@ -18,7 +18,7 @@ class frmLevel : public MdiForm {
     Q_OBJECT
 
   public:
-    explicit frmLevel(QMdiArea& area);
+    explicit frmLevel(FormArea& area);
 
     /// Fills the controls from mdlEdit.
     void Init();

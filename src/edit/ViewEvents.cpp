@@ -11,7 +11,7 @@
 #include "model/mdlEdit.h"
 #include "view/Zoom.h"
 #include "view/frmWaypoint.h"
-#include "windows/Dialogs.h"
+#include "windows/MessageBox.h"
 
 namespace editor {
 namespace {

@@ -123,8 +123,10 @@ QWidget* AddPanel(const char* name, const char* accessibleName, QWidget* parent,
 
 } // namespace
 
-frmWaypointSettings::frmWaypointSettings(QMdiArea& area, const OnceForm<frmWaypoint>& mapView)
-    : MdiForm(area, QStringLiteral("Entity settings"), new QWidget), mapView_(mapView) {
+frmWaypointSettings::frmWaypointSettings(FormArea& area, const OnceForm<frmWaypoint>& mapView)
+    : MdiForm(area, QStringLiteral("Entity settings"), new QWidget,
+              {.pinned = true, .fromRight = true}),
+      mapView_(mapView) {
     BuildModeRow();
     BuildSpawnPointPanel();
     BuildObjectPanel();

@@ -38,7 +38,7 @@ class frmWaypointSettings : public MdiForm {
     static constexpr EditingMode InitialMode = EditingMode::StartPoints;
 
     /// `mapView` has the view, if there is one, whose selection the window changes and is about.
-    frmWaypointSettings(QMdiArea& area, const OnceForm<frmWaypoint>& mapView);
+    frmWaypointSettings(FormArea& area, const OnceForm<frmWaypoint>& mapView);
 
     [[nodiscard]] EditingMode Mode() const;
 

@@ -6,8 +6,10 @@
 #include "model/Rounding.h"
 #include "model/mdlEdit.h"
 #include "view/frmWaypoint.h"
+#include "windows/FormArea.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace editor {
 
@@ -37,8 +39,19 @@ void DrawLevelPicture(frmWaypoint& view) {
 }
 
 void SetZoom(frmWaypoint& view, float zoom) {
+    const QPoint kept = view.LookedAt();
+    const float factor = zoom / mdlEdit.Zoom;
+    const auto moved = [factor](int pixel) {
+        return static_cast<int>(std::floor((static_cast<float>(pixel) + 0.5F) * factor)) - pixel;
+    };
+    QPoint scrolled = view.Area().Scrolled() + QPoint(moved(kept.x()), moved(kept.y()));
     mdlEdit.Zoom = zoom;
     SizeView(view);
+    // A view that can be seen as a whole begins at the top left, also where it is partly covered.
+    const QSize room = view.Area().viewport()->size();
+    scrolled.rx() = view.width() <= room.width() ? 0 : scrolled.x();
+    scrolled.ry() = view.height() <= room.height() ? 0 : scrolled.y();
+    view.Area().ScrollTo(scrolled);
     DrawLevelPicture(view);
     view.PaintPoints();
     view.widget()->repaint();

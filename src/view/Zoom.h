@@ -23,7 +23,8 @@ void SizeView(frmWaypoint& view);
 /// Does nothing while no graphics are loaded.
 void DrawLevelPicture(frmWaypoint& view);
 
-/// Makes `zoom` the level's zoom and shows the view with it at once.
+/// Makes `zoom` the level's zoom and shows the view with it at once, the level pixel that the user
+/// looks at where it was, as far as the view can be scrolled there.
 void SetZoom(frmWaypoint& view, float zoom);
 
 } // namespace editor

@@ -8,10 +8,11 @@
 #include "painting/Canvas.h"
 #include "view/PaintPoints.h"
 #include "view/Zoom.h"
+#include "windows/FormArea.h"
 
 #include <QAccessibleWidget>
+#include <QCursor>
 #include <QKeyEvent>
-#include <QMdiArea>
 #include <QMouseEvent>
 
 #include <utility>
@@ -45,14 +46,36 @@ class frmWaypoint::LevelCanvas : public Canvas {
 
   protected:
     void mousePressEvent(QMouseEvent* event) override {
+        held_.setFlag(event->button());
+        dropped_.setFlag(event->button(), false);
         Report(&frmWaypoint::MouseDown, event, event->button());
     }
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
     void mouseMoveEvent(QMouseEvent* event) override {
-        Report(&frmWaypoint::MouseMove, event, event->buttons());
+        dropped_ &= event->buttons();
+        if (dropped_ == Qt::NoButton) {
+            Report(&frmWaypoint::MouseMove, event, event->buttons());
+        }
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
-        Report(&frmWaypoint::MouseUp, event, event->button());
+        held_.setFlag(event->button(), false);
+        if (!dropped_.testFlag(event->button())) {
+            Report(&frmWaypoint::MouseUp, event, event->button());
+        }
+        dropped_.setFlag(event->button(), false);
+    }
+
+    // A gesture must not go on where nobody sees it: a view that is hidden while a button is held
+    // still gets the mouse.
+    bool event(QEvent* event) override {
+        const bool away = event->type() == QEvent::WindowDeactivate;
+        if (away || event->type() == QEvent::Hide) {
+            dropped_ |= std::exchange(held_, Qt::NoButton);
+        }
+        if (away && dropped_ != Qt::NoButton) {
+            form_.PaintPoints(); // without the line of a link
+        }
+        return Canvas::event(event);
     }
 
     void keyPressEvent(QKeyEvent* event) override {
@@ -75,9 +98,11 @@ class frmWaypoint::LevelCanvas : public Canvas {
     }
 
     frmWaypoint& form_;
+    Qt::MouseButtons held_;
+    Qt::MouseButtons dropped_; // held too, by a gesture that has ended
 };
 
-frmWaypoint::frmWaypoint(QMdiArea& area, std::function<EditingMode()> shownMode)
+frmWaypoint::frmWaypoint(FormArea& area, std::function<EditingMode()> shownMode)
     : MdiForm(area, QStringLiteral("Entities"), new LevelCanvas(*this)),
       shownMode_(std::move(shownMode)), canvas_(static_cast<Canvas*>(widget())) {
     Form_Load();
@@ -101,8 +126,15 @@ void frmWaypoint::Init() {
 
 // The window that was shown last has the keyboard; the first key would be typed into its text box.
 void frmWaypoint::TakeKeyboard() {
-    mdiArea()->setActiveSubWindow(this);
+    Area().setActiveSubWindow(this);
     canvas_->setFocus();
+}
+
+QPoint frmWaypoint::LookedAt() const {
+    const QPoint pointer = QCursor::pos();
+    return window()->childAt(window()->mapFromGlobal(pointer)) == canvas_
+               ? canvas_->mapFromGlobal(pointer)
+               : canvas_->visibleRegion().boundingRect().center();
 }
 
 void frmWaypoint::PaintPoints() {

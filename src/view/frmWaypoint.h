@@ -26,7 +26,7 @@ class frmWaypoint : public MdiForm {
   public:
     /// `shownMode` tells the editing mode whose entities are to be seen. It is asked at every
     /// repaint and changes nothing.
-    frmWaypoint(QMdiArea& area, std::function<EditingMode()> shownMode);
+    frmWaypoint(FormArea& area, std::function<EditingMode()> shownMode);
 
     /// The selection: an index into the table of the current editing mode, or NoSelection.
     std::int16_t curpoint = NoSelection;
@@ -47,6 +47,10 @@ class frmWaypoint : public MdiForm {
 
     /// Makes the view the active window and gives it the keyboard.
     void TakeKeyboard();
+
+    /// The view pixel that the user looks at: the one under the pointer, or the one in the middle
+    /// of what can be seen when the pointer is elsewhere.
+    [[nodiscard]] QPoint LookedAt() const;
 
     /// The view's client area in pixels.
     [[nodiscard]] QSize ClientSize() const { return widget()->size(); }

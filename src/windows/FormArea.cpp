@@ -5,112 +5,162 @@
 
 #include "windows/MdiForm.h"
 
-#include <QCoreApplication>
-#include <QResizeEvent>
+#include <QApplication>
+#include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyle>
+#include <QWheelEvent>
 
 #include <algorithm>
 
 namespace editor {
+namespace {
 
-int PinnedPlace(int place, int moved, int size, int room) {
-    if (moved < 0 && place + size > room) {
-        return std::max(place + moved, room - size);
-    }
-    if (moved > 0 && place < 0) {
-        return std::min(place + moved, 0);
-    }
-    return place;
-}
+constexpr int LineHeight = 20; // pixels that one click of a bar's arrow scrolls
+constexpr int OneNotch = 120;  // of a wheel, in the units of its events
 
-FormArea::FormArea(QWidget* parent) : QMdiArea(parent) {
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+} // namespace
+
+// With both of its own bars switched off the base class leaves its sub-windows where they are.
+FormArea::FormArea(QWidget* parent)
+    : QMdiArea(parent), across_(MakeBar(Qt::Horizontal, QStringLiteral("across"))),
+      down_(MakeBar(Qt::Vertical, QStringLiteral("down"))) {
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameShape(QFrame::NoFrame);
     setAccessibleName(QStringLiteral("Level windows"));
 }
 
-void FormArea::Watch(MdiForm& form) {
-    // Once the area itself has taken notice.
-    connect(&form, &MdiForm::Hidden, this, &FormArea::Settle, Qt::QueuedConnection);
-    connect(&form, &MdiForm::Resized, this, &FormArea::Settle, Qt::QueuedConnection);
+QScrollBar* FormArea::MakeBar(Qt::Orientation orientation, const QString& name) {
+    auto* bar = new QScrollBar(orientation, this);
+    bar->setObjectName(name);
+    bar->setSingleStep(LineHeight);
+    bar->hide();
+    connect(bar, &QScrollBar::valueChanged, this, [this] {
+        if (!arranging_) {
+            ScrollTo({across_->value(), down_->value()});
+        }
+    });
+    // The thumb stands for all that can be seen; a click beside it leaves a line of that in sight.
+    connect(bar, &QScrollBar::actionTriggered, this, [bar](int action) {
+        const int page = std::max(LineHeight, bar->pageStep() - LineHeight);
+        if (action == QScrollBar::SliderPageStepAdd) {
+            bar->setSliderPosition(bar->value() + page);
+        } else if (action == QScrollBar::SliderPageStepSub) {
+            bar->setSliderPosition(bar->value() - page);
+        }
+    });
+    return bar;
 }
 
-void FormArea::Pin(MdiForm& form) {
-    Watch(form);
-    form.setWindowFlag(Qt::WindowStaysOnTopHint);
-    std::erase_if(pinned_, [](const QPointer<MdiForm>& gone) { return gone.isNull(); });
-    pinned_.emplace_back(&form);
+void FormArea::ScrollTo(const QPoint& scrolled) {
+    scrolled_ = scrolled;
+    Arrange();
 }
 
-template <class Action>
-void FormArea::ForEachPinned(Action action) {
-    for (const QPointer<MdiForm>& form : pinned_) {
-        if (!form.isNull()) {
-            action(*form);
+std::vector<MdiForm*> FormArea::Shown() const {
+    std::vector<MdiForm*> forms;
+    for (QMdiSubWindow* window : subWindowList()) {
+        auto* form = qobject_cast<MdiForm*>(window);
+        if (form != nullptr && !form->isHidden()) {
+            forms.push_back(form);
         }
     }
+    return forms;
 }
 
-// QMdiArea counts the pinned windows among what can be scrolled to and keeps a range that it once
-// had: after zooming out or hiding the view it would go on scrolling, over nothing. So a view that
-// was scrolled comes back as far as the room allows, and the bars stand for where it is.
-void FormArea::Settle() {
-    QPoint scrolled;
-    const QSize room = viewport()->size();
-    for (QMdiSubWindow* form : subWindowList()) {
-        const bool pinned = form->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
-        if (pinned || !form->isVisible()) {
-            continue;
-        }
-        const auto back = [](int place, int size, int space) {
-            return place < 0 ? std::max(place, std::min(0, space - size)) : place;
-        };
-        form->move(back(form->x(), form->width(), room.width()),
-                   back(form->y(), form->height(), room.height()));
-        scrolled = QPoint(std::max(0, -form->x()), std::max(0, -form->y()));
+Arrangement FormArea::Plan(const std::vector<MdiForm*>& forms) const {
+    std::vector<StandingForm> standing;
+    for (const MdiForm* form : forms) {
+        standing.push_back({form->size(), form->standing});
     }
-    settling_ = true;
-    const auto set = [](QScrollBar* bar, int value) {
-        bar->setRange(0, value);
-        bar->setValue(value);
-    };
-    set(horizontalScrollBar(), scrolled.x());
-    set(verticalScrollBar(), scrolled.y());
-    settling_ = false;
-    // A viewport that is told its size works the ranges out anew.
-    QResizeEvent same(room, room);
-    QCoreApplication::sendEvent(viewport(), &same);
+    return editor::Arrange(size(), style()->pixelMetric(QStyle::PM_ScrollBarExtent), standing,
+                           scrolled_);
 }
 
-// QMdiArea has moved all its windows by then.
-void FormArea::scrollContentsBy(int dx, int dy) {
-    if (settling_) {
+void FormArea::Arrange() {
+    if (arranging_) {
         return;
     }
-    QMdiArea::scrollContentsBy(dx, dy);
-    const QSize room = viewport()->size();
-    ForEachPinned([&](MdiForm& form) {
-        form.move(PinnedPlace(form.x() - dx, dx, form.width(), room.width()),
-                  PinnedPlace(form.y() - dy, dy, form.height(), room.height()));
-    });
+    const QScopedValueRollback guard(arranging_, true);
+    const std::vector<MdiForm*> forms = Shown();
+    const Arrangement plan = Plan(forms);
+    const QSize bars = size() - plan.room;
+    setViewportMargins(0, 0, bars.width(), bars.height());
+    for (std::size_t i = 0; i < forms.size(); ++i) {
+        forms[i]->move(plan.places[i].corner);
+    }
+    // A view that is hidden for a while comes back where it was.
+    if (std::any_of(forms.begin(), forms.end(),
+                    [](const MdiForm* form) { return !form->standing.pinned; })) {
+        scrolled_ = plan.scrolled;
+    }
+    const auto set = [](QScrollBar& bar, const Arrangement::Range& range, int page, int value) {
+        bar.setRange(range.minimum, range.maximum);
+        bar.setPageStep(page);
+        bar.setValue(value);
+        bar.setVisible(range.NeedsBar());
+    };
+    set(*across_, plan.across, plan.room.width(), plan.scrolled.x());
+    set(*down_, plan.down, plan.room.height(), plan.scrolled.y());
+    across_->setGeometry(0, plan.room.height(), plan.room.width(), bars.height());
+    down_->setGeometry(plan.room.width(), 0, bars.width(), plan.room.height());
 }
 
-// A pinned window follows the side that it is nearer to. One that was inside is not left outside.
+void FormArea::FormWasMoved(MdiForm& form) {
+    const std::vector<MdiForm*> forms = Shown();
+    const auto index = std::find(forms.begin(), forms.end(), &form) - forms.begin();
+    const Arrangement before = Plan(forms);
+    MoveTo(form.pos(), form.size(), before.room,
+           before.places.at(static_cast<std::size_t>(index)).slid, form.standing, scrolled_);
+}
+
+bool FormArea::eventFilter(QObject* watched, QEvent* event) {
+    bool handled = false;
+    {
+        const QScopedValueRollback guard(arranging_, true);
+        handled = QMdiArea::eventFilter(watched, event);
+    }
+    auto* form = qobject_cast<MdiForm*>(watched);
+    if (form == nullptr || arranging_) {
+        return handled;
+    }
+    switch (event->type()) {
+    case QEvent::Move:
+        if (form->isVisible()) { // else the base class looks for a place before the first showing
+            FormWasMoved(*form);
+        }
+        [[fallthrough]];
+    case QEvent::Resize:
+    case QEvent::Show:
+    case QEvent::Hide:
+        Arrange();
+        break;
+    default:
+        break;
+    }
+    return handled;
+}
+
 void FormArea::resizeEvent(QResizeEvent* event) {
     QMdiArea::resizeEvent(event);
-    const QSize room = viewport()->size();
-    const QSize old = event->oldSize();
-    ForEachPinned([&](MdiForm& form) {
-        const bool right = form.geometry().center().x() > old.width() / 2;
-        const bool inside = QRect(QPoint(0, 0), old).contains(form.geometry());
-        QPoint place = form.pos() + QPoint(right ? room.width() - old.width() : 0, 0);
-        if (inside) {
-            place.setX(std::clamp(place.x(), 0, std::max(0, room.width() - form.width())));
-            place.setY(std::clamp(place.y(), 0, std::max(0, room.height() - form.height())));
-        }
-        form.move(place);
-    });
+    Arrange();
+}
+
+// A touchpad tells pixels, on both axes, and when it is touched. From any other device they can be
+// anything.
+void FormArea::wheelEvent(QWheelEvent* event) {
+    QPoint moved = event->pixelDelta();
+    if (moved.isNull() || event->phase() == Qt::NoScrollPhase) {
+        turned_ += event->angleDelta() * QApplication::wheelScrollLines() * LineHeight;
+        moved = {turned_.x() / OneNotch, turned_.y() / OneNotch};
+        turned_ -= moved * OneNotch;
+    }
+    if (moved.x() == 0 && (event->modifiers() & (Qt::ShiftModifier | Qt::AltModifier))) {
+        moved = moved.transposed();
+    }
+    ScrollTo(scrolled_ - moved);
+    event->accept();
 }
 
 } // namespace editor

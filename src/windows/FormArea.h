@@ -3,47 +3,50 @@
 
 #pragma once
 
+#include "windows/Arrangement.h"
+
 #include <QMdiArea>
-#include <QPointer>
 
 #include <vector>
+
+class QScrollBar;
 
 namespace editor {
 
 class MdiForm;
 
-/// Where a pinned window goes, on one axis and in pixels, when the contents of the area around it
-/// move: it stays, unless one of its edges lies outside the area and the movement brings that edge
-/// into sight. So all of it can be reached in an area that is too small for it. `place` is its
-/// position before, `moved` how far the contents go, `size` its size, `room` the area's.
-[[nodiscard]] int PinnedPlace(int place, int moved, int size, int room);
-
-/// The inside of the main window. It scrolls, so that every part of a large view can be reached;
-/// pinned windows stay above the others and in their place while it does.
+/// The inside of the main window, in which forms stand and scroll as Arrange() says. The base class
+/// knows which of them is active; it neither places nor scrolls, and all its sub-windows are forms.
 class FormArea : public QMdiArea {
     Q_OBJECT
 
   public:
     explicit FormArea(QWidget* parent);
 
-    /// Keeps a form within reach of the scroll bars: when it or another one was hidden or got
-    /// another size, no more can be scrolled to than there is.
-    void Watch(MdiForm& form);
+    /// How far the contents are scrolled, in pixels; negative where they were brought clear of a
+    /// pinned form at the left or the top.
+    [[nodiscard]] QPoint Scrolled() const { return scrolled_; }
 
-    /// The same, and keeps `form` on top and in its place.
-    void Pin(MdiForm& form);
+    /// Scrolls there, or as near to it as there is something to be seen.
+    void ScrollTo(const QPoint& scrolled);
 
   protected:
-    void scrollContentsBy(int dx, int dy) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
-    template <class Action>
-    void ForEachPinned(Action action);
-    void Settle();
+    [[nodiscard]] std::vector<MdiForm*> Shown() const;
+    [[nodiscard]] Arrangement Plan(const std::vector<MdiForm*>& forms) const;
+    QScrollBar* MakeBar(Qt::Orientation orientation, const QString& name);
+    void FormWasMoved(MdiForm& form);
+    void Arrange();
 
-    std::vector<QPointer<MdiForm>> pinned_;
-    bool settling_ = false;
+    QScrollBar* across_;
+    QScrollBar* down_;
+    QPoint scrolled_;
+    QPoint turned_;          // of the wheel, what was too little for a pixel yet
+    bool arranging_ = false; // what moves now is moved by Arrange() or by the base class
 };
 
 } // namespace editor

@@ -4,17 +4,29 @@
 #include "windows/Look.h"
 
 #include <QApplication>
-#include <QFont>
+#include <QFontDatabase>
+#include <QFontMetrics>
 #include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 namespace editor {
 namespace {
 
 constexpr int LabelSpacing = 3; // pixels between a check or option button and its caption
 constexpr int FontPixelSize = 11;
+constexpr int LeastPixelSize = 6;
 
-class NarrowStyle : public QProxyStyle {
+// Of another face, the size has to be one at which this one fits: no caption of the layouts has
+// less room to spare.
+constexpr const char* TightestCaption = "Start points";
+constexpr int TightestRoom = 57;
+
+// The captions of windows that are not active; the style's own ones are too pale.
+constexpr QRgb InactiveCaption = 0xffffffff;
+constexpr QRgb InactiveBar = 0xff6e6e6e;
+
+class OwnStyle : public QProxyStyle {
   public:
     using QProxyStyle::QProxyStyle;
 
@@ -25,17 +37,50 @@ class NarrowStyle : public QProxyStyle {
         }
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override {
+        const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
+        if (control != CC_TitleBar || bar == nullptr || bar->state.testFlag(State_Active)) {
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+            return;
+        }
+        QStyleOptionTitleBar legible(*bar);
+        legible.palette.setColor(QPalette::Highlight, InactiveBar);
+        legible.palette.setColor(QPalette::Base, InactiveBar); // where the bar's gradient ends
+        legible.palette.setColor(QPalette::HighlightedText, InactiveCaption);
+        QProxyStyle::drawComplexControl(control, &legible, painter, widget);
+    }
 };
 
 } // namespace
 
+void KeepDesktopLookOut() {
+    qputenv("QT_QPA_PLATFORMTHEME", "generic"); // that of no desktop
+}
+
 void ApplyLook(QApplication& application) {
-    application.setStyle(new NarrowStyle(QStyleFactory::create(QStringLiteral("Windows"))));
-    QFont font(QStringList{QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
-                           QStringLiteral("Helvetica")});
+    application.setStyle(new OwnStyle(QStyleFactory::create(QStringLiteral("Windows"))));
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    QFont font;
     font.setStyleHint(QFont::SansSerif);
     font.setPixelSize(FontPixelSize);
-    QApplication::setFont(font);
+    // Those that have the same widths; the system may call any face by the names of the last two.
+    for (const char* name : {"Liberation Sans", "Arimo", "Arial", "Helvetica"}) {
+        if (QFontDatabase::hasFamily(QLatin1String(name))) {
+            font.setFamily(QLatin1String(name));
+            break;
+        }
+    }
+    QApplication::setFont(Fitting(font, QLatin1String(TightestCaption), TightestRoom));
+}
+
+QFont Fitting(QFont font, const QString& caption, int width) {
+    while (font.pixelSize() > LeastPixelSize &&
+           QFontMetrics(font).horizontalAdvance(caption) > width) {
+        font.setPixelSize(font.pixelSize() - 1);
+    }
+    return font;
 }
 
 } // namespace editor

@@ -3,22 +3,29 @@
 
 #include "windows/MdiForm.h"
 
-#include <QApplication>
+#include "windows/FormArea.h"
+
 #include <QCloseEvent>
 #include <QLayout>
-#include <QMdiArea>
+#include <QMouseEvent>
 
 namespace editor {
 
-MdiForm::MdiForm(QMdiArea& area, const QString& caption, QWidget* client) {
+MdiForm::MdiForm(FormArea& area, const QString& caption, QWidget* client, const Standing& place)
+    : standing(place), area_(area) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(caption);
     client->setWindowTitle(caption);
     setWidget(client);
+    // Its entries would close the form by a key and take it off the others, and it opens in the
+    // client area too when the pointer comes there from the icon in one jump.
+    setSystemMenu(nullptr);
     // No maximise and minimise boxes: such a form would change the main window's caption and get
-    // into states in which its size cannot be set.
-    area.addSubWindow(this, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                                Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+    // into states in which its size cannot be set. The close box needs the hint of a system menu.
+    Qt::WindowFlags flags = Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                            Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    flags.setFlag(Qt::WindowStaysOnTopHint, standing.pinned);
+    area.addSubWindow(this, flags);
     hide();
 }
 
@@ -40,20 +47,23 @@ void MdiForm::closeEvent(QCloseEvent* event) {
     Q_EMIT Closed();
 }
 
-// By itself a hidden window passes the keyboard round among its own controls, where keys would do
-// their work unseen.
 void MdiForm::hideEvent(QHideEvent* event) {
     QMdiSubWindow::hideEvent(event);
-    QWidget* focused = QApplication::focusWidget();
-    if (focused != nullptr && isAncestorOf(focused)) {
-        focused->clearFocus();
-    }
     Q_EMIT Hidden();
 }
 
-void MdiForm::resizeEvent(QResizeEvent* event) {
-    QMdiSubWindow::resizeEvent(event);
-    Q_EMIT Resized();
+// The base class knows what the pointer is over since it last moved. Under a pointer that rests the
+// form may have come to stand since.
+void MdiForm::mousePressEvent(QMouseEvent* event) {
+    QMouseEvent hover(QEvent::MouseMove, event->position(), event->globalPosition(), Qt::NoButton,
+                      Qt::NoButton, event->modifiers());
+    mouseMoveEvent(&hover);
+    QMdiSubWindow::mousePressEvent(event);
+}
+
+// Two clicks on the icon would close the form.
+void MdiForm::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
 }
 
 } // namespace editor

@@ -3,20 +3,27 @@
 
 #pragma once
 
-#include <QMdiSubWindow>
+#include "windows/Arrangement.h"
 
-class QMdiArea;
+#include <QMdiSubWindow>
 
 namespace editor {
 
-/// A child window of the main window's area, made hidden. Its client area is one widget; showing,
-/// hiding and closing are those of the sub window, never of the widget in it.
+class FormArea;
+
+/// A child window of the main window's area, created hidden. Its client area is one widget;
+/// showing, hiding and closing are those of the sub-window, never of the widget in it.
 class MdiForm : public QMdiSubWindow {
     Q_OBJECT
 
   public:
     /// Adds itself to `area`. `client` becomes the client area and is owned by the form.
-    MdiForm(QMdiArea& area, const QString& caption, QWidget* client);
+    MdiForm(FormArea& area, const QString& caption, QWidget* client, const Standing& standing = {});
+
+    /// Where the form wants to be. The area keeps it when the user moves the form.
+    Standing standing;
+
+    [[nodiscard]] FormArea& Area() const { return area_; }
 
     /// Outer size minus client size in pixels; right also while the form was never shown.
     [[nodiscard]] QSize FrameSize();
@@ -27,15 +34,17 @@ class MdiForm : public QMdiSubWindow {
   Q_SIGNALS:
     /// The form was closed by its close box and is about to be deleted.
     void Closed();
-    /// The form cannot be seen any more; it has given up the keyboard. Also before Closed().
+    /// The form cannot be seen any more. After Closed(), when it was closed.
     void Hidden();
-    /// The form has another size.
-    void Resized();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+  private:
+    FormArea& area_;
 };
 
 } // namespace editor

@@ -33,9 +33,11 @@ class MainWindow : public test::EditorFixture {
         QCoreApplication::processEvents();
     }
     FormArea& Area() { return *main->findChild<FormArea*>(); }
+    QScrollBar& Across() { return In<QScrollBar>(Area(), u"across"_s); }
+    QScrollBar& Down() { return In<QScrollBar>(Area(), u"down"_s); }
     void Scroll(int x, int y) {
-        Area().horizontalScrollBar()->setValue(x);
-        Area().verticalScrollBar()->setValue(y);
+        Across().setValue(x);
+        Down().setValue(y);
     }
 
     /// Types a shortcut, if need be with the folder that is answered, closes a window, or accepts
@@ -252,37 +254,45 @@ TEST_F(MainWindow, WhatIsOnTheScreenIsAlwaysWhatAFullRepaintShows) {
     }
 }
 
-TEST_F(MainWindow, AViewThatShrinksComesBackIntoSight) {
+/// In a window of the user's size; what is asked is where a pixel of the level stands on the
+/// screen.
+TEST_F(MainWindow, ZoomingKeepsWhatOneLooksAtAndOpenBeginsAtTheTopLeft) {
     OpenInSmallWindow(900, 700);
-    const auto zoomThrice = [&](Qt::Key key) {
-        for (int i = 0; i < 3; ++i) {
-            Key(key, Qt::KeypadModifier);
-            QCoreApplication::processEvents();
-        }
-    };
-    const auto farthest = [this] {
-        return QPoint(Area().horizontalScrollBar()->maximum(),
-                      Area().verticalScrollBar()->maximum());
-    };
-    zoomThrice(Qt::Key_Plus);
-    Scroll(farthest().x(), farthest().y());
-    zoomThrice(Qt::Key_Minus);
-    EXPECT_EQ(view().geometry().bottomRight(), Area().viewport()->rect().bottomRight());
-    EXPECT_EQ(Area().horizontalScrollBar()->value(), farthest().x());
+    const QSize size = main->size();
+    const QWidget* room = Area().viewport();
+    Scroll(Across().maximum(), Down().maximum());
+    EXPECT_EQ(view().geometry().right() + 1, settings().x()); // beside it, not under it
+    EXPECT_EQ(view().geometry().bottom(), room->rect().bottom());
     Scroll(0, 0);
-    EXPECT_EQ(view().pos(), QPoint(0, 0));
-    Do(u"F7"_s);
-    EXPECT_EQ(farthest(), QPoint(0, 0));
-}
-
-TEST(PinnedPlace, BringsOnlyAnEdgeOutsideIntoSight) {
-    const int rows[][5] = {{100, -40, 50, 200, 100}, {100, 40, 50, 200, 100},
-                           {170, -5, 50, 200, 165},  {170, -40, 50, 200, 150},
-                           {-30, 40, 50, 200, 0},    {0, -500, 300, 200, -100},
-                           {-100, 30, 300, 200, -70}};
-    for (const auto& [place, moved, size, room, expected] : rows) {
-        EXPECT_EQ(PinnedPlace(place, moved, size, room), expected);
+    settings().move(0, 0);
+    Scroll(Across().minimum(), 0);
+    EXPECT_EQ(view().x(), settings().geometry().right() + 1);
+    const auto pointedAt = [this] {
+        const QPoint place = view().widget()->mapFromGlobal(QCursor::pos());
+        return (QPointF(place) / double(mdlEdit.Zoom) - QPointF(0.499, 0.499))
+            .toPoint(); // rounded down
+    };
+    Scroll(300, 200);
+    QCursor::setPos(room->mapToGlobal(QPoint(300, 150)));
+    const QPoint before = pointedAt();
+    for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Minus}) {
+        Key(key, Qt::KeypadModifier);
+        EXPECT_EQ(pointedAt(), before) << mdlEdit.Zoom;
     }
+    for (int i = 0; i < 4; ++i) {
+        Key(Qt::Key_Minus, Qt::KeypadModifier);
+    }
+    EXPECT_EQ(view().pos(), QPoint(0, 0)); // all of it can be seen
+    Key(Qt::Key_Plus, Qt::KeypadModifier);
+    Key(Qt::Key_Plus, Qt::KeypadModifier);
+    Scroll(90, 80);
+    Do(u"F7"_s);
+    EXPECT_FALSE(Across().isVisible() || Down().isVisible());
+    Do(u"F7"_s);
+    EXPECT_EQ(view().pos(), QPoint(-90, -80));
+    Open(other);
+    EXPECT_EQ(view().pos(), QPoint(0, 0));
+    EXPECT_EQ(main->size(), size);
 }
 
 } // namespace

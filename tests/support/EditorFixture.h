@@ -6,8 +6,9 @@
 #include "app/frmMain.h"
 #include "model/mdlEdit.h"
 #include "support/LevelFolder.h"
-#include "windows/Dialogs.h"
+#include "windows/Choosers.h"
 #include "windows/Look.h"
+#include "windows/MessageBox.h"
 
 #include <QTest>
 #include <QtWidgets>
@@ -28,12 +29,12 @@ class EditorFixture : public testing::Test {
             asked += question;
             return answer;
         };
-        dialogs() = {[this](auto, const QString& text, const QString& title) {
-                         EXPECT_EQ(title, u"Torvak! level editor"_s);
-                         messages += text;
-                     },
-                     [ask](auto, const QString& prompt) { return ask(prompt); },
-                     [ask](auto, auto, const QString& folder, auto) { return ask(folder); }};
+        messageBox() = [this](auto, const QString& text, const QString& title) {
+            EXPECT_EQ(title, u"Torvak! level editor"_s);
+            messages += text;
+        };
+        choosers() = {[ask](auto, const QString& prompt) { return ask(prompt); },
+                      [ask](auto, auto, const QString& folder, auto) { return ask(folder); }};
         Start();
     }
 

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
-#include "windows/Dialogs.h"
+#include "windows/Choosers.h"
+
+#include "windows/MessageBox.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -45,8 +47,8 @@ class PlatformDialogs : public testing::Test {
     void TearDown() override { QDir::setCurrent(QDir::rootPath()); }
 
     QString Open() {
-        return dialogs().openFileName(nullptr, u"Open File"_s, folder_,
-                                      u"PNG graphics|*.png|BMP graphics|*.bmp|"_s);
+        return choosers().openFileName(nullptr, u"Open File"_s, folder_,
+                                       u"PNG graphics|*.png|BMP graphics|*.bmp|"_s);
     }
 
     const QTemporaryDir temporary_;
@@ -106,7 +108,7 @@ TEST_F(PlatformDialogs, TheFolderBrowserShowsItsPromptAndGivesACleanPath) {
             EXPECT_EQ(dialog.windowTitle(), u"Please"_s);
             Enter(dialog, typed);
         });
-        EXPECT_EQ(dialogs().browseForFolder(nullptr, u"Please"_s),
+        EXPECT_EQ(choosers().browseForFolder(nullptr, u"Please"_s),
                   typed.isEmpty() ? QString() : folder_);
     }
 }

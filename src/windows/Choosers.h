@@ -11,15 +11,9 @@ class QWidget;
 
 namespace editor {
 
-/// The caption of message boxes that give none.
-[[nodiscard]] QString ApplicationTitle();
-
-/// The dialogs in which the program waits for a person. They can be replaced as a set, so that a
+/// The dialogs in which a person chooses a file or folder. They can be replaced as a set, so that a
 /// test answers them without a modal loop.
-struct Dialogs {
-    /// Shows `text` (plain) with an OK button only, no icon, and `title` as the caption.
-    std::function<void(QWidget* owner, const QString& text, const QString& title)> messageBox;
-
+struct Choosers {
     /// Lets the user choose an existing folder; `prompt` says what for. The result is its absolute,
     /// clean path, or empty when the user cancels.
     std::function<QString(QWidget* owner, const QString& prompt)> browseForFolder;
@@ -34,11 +28,8 @@ struct Dialogs {
         openFileName;
 };
 
-/// The dialogs in use: at first those of the platform.
-[[nodiscard]] Dialogs& dialogs();
-
-/// Shows a message box with an OK button and returns when it was closed.
-void MsgBox(QWidget* owner, const QString& text, const QString& title = ApplicationTitle());
+/// The choosers in use: at first Qt's own dialogs, which look and work the same on every desktop.
+[[nodiscard]] Choosers& choosers();
 
 /// Keeps the file dialogs from writing a configuration file of their own into the user's home. To
 /// be called before the application object is made.

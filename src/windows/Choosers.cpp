@@ -1,14 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
-#include "windows/Dialogs.h"
+#include "windows/Choosers.h"
 
 #include <QDir>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
+#include <QLineEdit>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QTimer>
 
 namespace editor {
 namespace {
@@ -16,11 +18,8 @@ namespace {
 // Pixels; the size that the dialog would take by itself is too small for long names.
 constexpr QSize FileDialogSize(620, 400);
 
-void ShowMessageBox(QWidget* owner, const QString& text, const QString& title) {
-    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::Ok, owner);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
-}
+// Milliseconds in which the desktop takes a closed dialog from the screen.
+constexpr int VanishingTime = 60;
 
 // The desktop, where a folder browser starts, or the home folder of a system without one.
 QString DesktopFolder() {
@@ -28,7 +27,6 @@ QString DesktopFolder() {
     return QFileInfo(desktop).isDir() ? desktop : QDir::homePath();
 }
 
-// Qt's own dialog, which looks and works the same on every desktop.
 class FileDialog : public QFileDialog {
   public:
     FileDialog(QWidget* owner, const QString& title, const QString& folder)
@@ -37,15 +35,43 @@ class FileDialog : public QFileDialog {
         setAcceptMode(AcceptOpen);
         setViewMode(List); // the columns of the other view are too narrow for what is in them
         resize(FileDialogSize);
+        name_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        // Its list of proposals would take the Enter after a path, or stay behind empty.
+        name_->setCompleter(nullptr);
     }
 
     /// The path that the user chose, absolute and clean; empty when the dialog was cancelled.
     QString Run() {
-        if (exec() != Accepted || selectedFiles().isEmpty()) {
+        const bool accepted = exec() == Accepted;
+        // What follows may keep the program busy; the windows below are to be whole by then.
+        QEventLoop vanishing;
+        QTimer::singleShot(VanishingTime, &vanishing, &QEventLoop::quit);
+        vanishing.exec(QEventLoop::ExcludeUserInputEvents);
+        if (!accepted) {
             return {};
         }
-        return QDir::cleanPath(QFileInfo(selectedFiles().constFirst()).absoluteFilePath());
+        const QString chosen = quoted_.isEmpty() ? selectedFiles().value(0) : quoted_;
+        return chosen.isEmpty() ? QString() : QDir::cleanPath(QFileInfo(chosen).absoluteFilePath());
     }
+
+  protected:
+    // The base class takes quotation marks for what stands around each of several names.
+    void accept() override {
+        const QFileInfo typed(directory(), name_->text());
+        if (!name_->text().contains(u'"')) {
+            QFileDialog::accept();
+        } else if (fileMode() == AnyFile && typed.isDir()) {
+            setDirectory(typed.filePath());
+            name_->clear();
+        } else if (fileMode() == AnyFile || typed.isDir()) {
+            quoted_ = typed.filePath();
+            QDialog::accept();
+        }
+    }
+
+  private:
+    QLineEdit* name_;
+    QString quoted_; // the path that was chosen, when it has a quotation mark
 };
 
 QString BrowseForFolder(QWidget* owner, const QString& prompt) {
@@ -80,17 +106,9 @@ QString OpenFileName(QWidget* owner, const QString& title, const QString& initia
 
 } // namespace
 
-QString ApplicationTitle() {
-    return QStringLiteral("Torvak! level editor");
-}
-
-Dialogs& dialogs() {
-    static Dialogs set{ShowMessageBox, BrowseForFolder, OpenFileName};
+Choosers& choosers() {
+    static Choosers set{BrowseForFolder, OpenFileName};
     return set;
-}
-
-void MsgBox(QWidget* owner, const QString& text, const QString& title) {
-    dialogs().messageBox(owner, text, title);
 }
 
 void LeaveNoConfiguration() {
