@@ -4,10 +4,11 @@
 #include "dialogs/frmAbout.h"
 
 #include "windows/Layout.h"
+#include "windows/Look.h"
 
 #include <QFont>
+#include <QIcon>
 #include <QLabel>
-#include <QPixmap>
 #include <QPushButton>
 
 namespace editor {
@@ -43,6 +44,12 @@ QLabel* MakeLabel(QWidget* parent, const QString& name, int pixelSize) {
     return label;
 }
 
+// One line, in any face.
+void SetLine(QLabel* label, const QString& text) {
+    label->setFont(Fitting(label->font(), text, label->width()));
+    label->setText(text);
+}
+
 } // namespace
 
 frmAbout::frmAbout(QWidget* owner)
@@ -54,7 +61,9 @@ frmAbout::frmAbout(QWidget* owner)
     auto* picIcon = new QLabel(this);
     picIcon->setObjectName(QStringLiteral("picIcon"));
     picIcon->setAccessibleName(QStringLiteral("Icon of the editor"));
-    picIcon->setPixmap(QPixmap(QStringLiteral(":/torvak-level-editor.png")));
+    const int iconPixels = Twips(IconSize);
+    picIcon->setPixmap(QIcon(QStringLiteral(":/torvak-level-editor.png"))
+                           .pixmap(QSize(iconPixels, iconPixels))); // sharp on scaled screens too
     PlaceTwips(picIcon, IconPlace, IconPlace, IconSize, IconSize);
     MakeTexts();
     MakeSeparator();
@@ -64,11 +73,11 @@ frmAbout::frmAbout(QWidget* owner)
 
 void frmAbout::MakeTexts() {
     QLabel* lblTitle = MakeLabel(this, QStringLiteral("lblTitle"), TitlePixels);
-    lblTitle->setText(QStringLiteral("Torvak! Level Editor"));
     QFont italic = lblTitle->font();
     italic.setItalic(true);
     lblTitle->setFont(italic);
     PlaceTwips(lblTitle, 1050, 240, 3885, 480);
+    SetLine(lblTitle, QStringLiteral("Torvak! Level Editor"));
 
     lblVersion = MakeLabel(this, QStringLiteral("lblVersion"), VersionPixels);
     PlaceTwips(lblVersion, 1050, 780, 3885, 225);
@@ -81,9 +90,8 @@ void frmAbout::MakeTexts() {
     PlaceTwips(lblDescription, 1050, 1125, 3885, 1170);
 
     QLabel* lblDisclaimer = MakeLabel(this, QStringLiteral("lblDisclaimer"), TextPixels);
-    lblDisclaimer->setWordWrap(true);
-    lblDisclaimer->setText(QStringLiteral("Written for the players and level makers of Torvak!"));
     PlaceTwips(lblDisclaimer, 240, 2625, 2655, 465);
+    SetLine(lblDisclaimer, QStringLiteral("By the Torvak! editor's authors"));
 }
 
 void frmAbout::MakeSeparator() {

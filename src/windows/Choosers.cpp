@@ -3,6 +3,7 @@
 
 #include "windows/Choosers.h"
 
+#include <QAbstractItemView>
 #include <QDir>
 #include <QEventLoop>
 #include <QFileDialog>
@@ -17,6 +18,7 @@ namespace {
 
 // Pixels; the size that the dialog would take by itself is too small for long names.
 constexpr QSize FileDialogSize(620, 400);
+constexpr int PlacesWidth = 130; // of the list beside the folder's entries
 
 // Milliseconds in which the desktop takes a closed dialog from the screen.
 constexpr int VanishingTime = 60;
@@ -35,6 +37,10 @@ class FileDialog : public QFileDialog {
         setAcceptMode(AcceptOpen);
         setViewMode(List); // the columns of the other view are too narrow for what is in them
         resize(FileDialogSize);
+        auto* places = findChild<QAbstractItemView*>(QStringLiteral("sidebar"));
+        places->setMinimumWidth(PlacesWidth);
+        places->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        places->setTextElideMode(Qt::ElideRight);
         name_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         // Its list of proposals would take the Enter after a path, or stay behind empty.
         name_->setCompleter(nullptr);

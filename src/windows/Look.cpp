@@ -22,8 +22,8 @@ constexpr int LeastPixelSize = 6;
 constexpr const char* TightestCaption = "Start points";
 constexpr int TightestRoom = 57;
 
-// The captions of windows that are not active; the style's own ones are too pale.
-constexpr QRgb InactiveCaption = 0xffffffff;
+// Behind white captions, where the style's own colours are too pale to read them.
+constexpr QRgb ActiveBar = 0xff1d6aa0;
 constexpr QRgb InactiveBar = 0xff6e6e6e;
 
 class OwnStyle : public QProxyStyle {
@@ -48,7 +48,7 @@ class OwnStyle : public QProxyStyle {
         QStyleOptionTitleBar legible(*bar);
         legible.palette.setColor(QPalette::Highlight, InactiveBar);
         legible.palette.setColor(QPalette::Base, InactiveBar); // where the bar's gradient ends
-        legible.palette.setColor(QPalette::HighlightedText, InactiveCaption);
+        legible.palette.setColor(QPalette::HighlightedText, Qt::white);
         QProxyStyle::drawComplexControl(control, &legible, painter, widget);
     }
 };
@@ -61,7 +61,9 @@ void KeepDesktopLookOut() {
 
 void ApplyLook(QApplication& application) {
     application.setStyle(new OwnStyle(QStyleFactory::create(QStringLiteral("Windows"))));
-    QApplication::setPalette(QApplication::style()->standardPalette());
+    QPalette palette = QApplication::style()->standardPalette();
+    palette.setColor(QPalette::Highlight, ActiveBar);
+    QApplication::setPalette(palette);
     QFont font;
     font.setStyleHint(QFont::SansSerif);
     font.setPixelSize(FontPixelSize);
