@@ -7,9 +7,15 @@
 
 #include "Measuring.h"
 #include "model/mdlEdit.h"
+#include "painting/Canvas.h"
 #include "painting/PersistentImage.h"
 #include "pictures/DrawingSurface.h"
 #include "view/PaintPoints.h"
+#include "windows/FormArea.h"
+#include "windows/MdiForm.h"
+
+#include <QApplication>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -114,6 +120,7 @@ class Bench {
         Marks(large, true, 1.2, "in addition 201 waypoints and 1005 links across the screen");
         Marks(large, false, 0.3, "in addition 201 waypoints and 1005 links of 40 pixels");
         Drag(large);
+        Notch(large);
     }
 
   private:
@@ -203,6 +210,37 @@ class Bench {
         Row("one move of a waypoint with four short links", times[1] / times[0], 0.25);
     }
 
+    // One notch of the wheel in a window, far from the view's beginning, until it can be seen.
+    void Notch(const Picture& picture) {
+        FormArea area(nullptr);
+        auto* canvas = new Canvas;
+        auto* view = new MdiForm(area, QString(), canvas);
+        view->resize(picture.width() * 8, picture.height() * 8);
+        canvas->Image().SetBackground(picture, canvas->size());
+        area.resize(Visible);
+        view->show();
+        area.show();
+        area.ScrollTo({40000, 60000});
+        QCoreApplication::processEvents();
+        int step = 0;
+        const auto times = Interleaved(
+            rounds_, {[&] {
+                          for (QWidget* part : area.findChildren<QWidget*>()) {
+                              part->update(); // the bars and the frame too
+                          }
+                          QCoreApplication::processEvents();
+                      },
+                      [&] {
+                          const QPoint at(9, 9);
+                          QWheelEvent notch(at, at, {}, {0, step++ % 2 == 0 ? -120 : 120},
+                                            Qt::NoButton, {}, Qt::NoScrollPhase, false);
+                          QCoreApplication::sendEvent(area.viewport(), &notch);
+                          QCoreApplication::processEvents();
+                      }});
+        Row("one notch of the wheel, 8192 x 8192, zoom 8, 60000 pixels down", times[1] / times[0],
+            1);
+    }
+
     int rounds_;
     Pixels band_ = Pixels(std::size_t{PersistentImage::BandHeight} * 1920);
     Pixels source_ = Pixels(VisiblePixels, 0xff112233);
@@ -214,6 +252,8 @@ class Bench {
 
 int main(int argc, char** argv) {
     const bool quick = std::string_view(argv[argc - 1]) == "--short";
+    int none = 0;
+    const QApplication application(none, nullptr);
     editor::Bench(quick ? 5 : 101).Run();
     return 0;
 }

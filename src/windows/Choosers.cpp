@@ -4,11 +4,13 @@
 #include "windows/Choosers.h"
 
 #include <QAbstractItemView>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
@@ -44,6 +46,11 @@ class FileDialog : public QFileDialog {
         name_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         // Its list of proposals would take the Enter after a path, or stay behind empty.
         name_->setCompleter(nullptr);
+        connect(name_, &QLineEdit::textChanged, this, [this](const QString& name) {
+            if (name.contains(u'"')) { // see accept()
+                findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->setEnabled(true);
+            }
+        });
     }
 
     /// The path that the user chose, absolute and clean; empty when the dialog was cancelled.

@@ -91,8 +91,10 @@ TEST_F(MainWindow, WindowsAndEntriesFollowEveryOrderOfCommands) {
         u"F1 ---[-][-], Ctrl+N cancelled ---[-][-], Ctrl+O cancelled ---[-][-], "
         u"Ctrl+S ---[-][-], Ctrl+N good ---[-][-], Ctrl+N empty S--[+x][-], F5 ---[+][-], "
         u"F5 S--[+x][-], accept nothing ---[+][-], F5 S--[+x][-], accept none.png ---[+][-], "
+        u"F5 S--[+x][-], accept  l.png ---[+][-], " // the blank before it is part of the name
         u"F5 S--[+x][-], accept l.png -VE[+][+x]"_s,
-        u"Ctrl+O good -VE[+][+x], F7 ---[+][+], F7 -VE[+][+x], close view ---[+][+], "
+        u"Ctrl+O good -VE[+][+x], Ctrl+W -VE[+][+x], F7 ---[+][+], F7 -VE[+][+x], close view "
+        u"---[+][+], "
         u"F7 -VE[+][+x], close entities -V-[+][+x], F7 ---[+][+], F7 -VE[+][+x], "
         u"Ctrl+S -VE[+][+x]"_s,
         // Without graphics the view is hidden; the check mark and the entity settings stay.
@@ -195,22 +197,6 @@ TEST_F(MainWindow, GraphicsAreFoundByEndingAndRefusedAsAWhole) {
     EXPECT_TRUE(messages.isEmpty());
 }
 
-TEST_F(MainWindow, PinnedWindowsStayOnTopAndInPlaceWhileTheViewScrolls) {
-    OpenInSmallWindow(2000, 1500);
-    const QWidget* viewport = Area().viewport();
-    const QPoint place = settings().pos();
-    EXPECT_TRUE(settings().isAncestorOf(viewport->childAt(settings().geometry().center())));
-    EXPECT_GE(viewport->height(), settings().height());
-    EXPECT_EQ(settings().geometry().right(), viewport->rect().right());
-    for (const bool hidden : {false, true}) {
-        settings().setHidden(hidden);
-        Scroll(300, 200);
-        EXPECT_EQ(settings().pos(), place);
-        EXPECT_EQ(view().pos(), QPoint(-300, -200));
-        Scroll(0, 0);
-    }
-}
-
 // Also with QT_SCALE_FACTOR set: see the test's entries.
 TEST_F(MainWindow, WhatIsOnTheScreenIsAlwaysWhatAFullRepaintShows) {
     std::mt19937 random(4);
@@ -254,12 +240,39 @@ TEST_F(MainWindow, WhatIsOnTheScreenIsAlwaysWhatAFullRepaintShows) {
     }
 }
 
+TEST_F(MainWindow, AGestureEndsWhenTheViewIsHidden) {
+    Open(good);
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+        Press(button, {5, 6}); // the start point
+        Do(u"F7"_s);
+        Move(button, {20, 20});
+        Do(u"F7"_s);
+        Release(button, {20, 20});
+        EXPECT_EQ(mdlEdit.StartPoints[0].X * 10 + mdlEdit.NumStartPoints, 51);
+    }
+}
+
+TEST_F(MainWindow, TheMainWindowGrowsForALevelUntilTheUserHasSizedIt) {
+    MakeLevel(good, 400, 300);
+    Open(good);
+    EXPECT_LE(view().geometry().right(), settings().x());
+    EXPECT_EQ(settings().geometry().right(), Area().viewport()->rect().right());
+    main->resize(600, 400);
+    MakeLevel(good, 450, 300);
+    Open(good);
+    EXPECT_EQ(main->size(), QSize(600, 400));
+}
+
 /// In a window of the user's size; what is asked is where a pixel of the level stands on the
 /// screen.
 TEST_F(MainWindow, ZoomingKeepsWhatOneLooksAtAndOpenBeginsAtTheTopLeft) {
     OpenInSmallWindow(900, 700);
-    const QSize size = main->size();
     const QWidget* room = Area().viewport();
+    EXPECT_TRUE(settings().isAncestorOf(room->childAt(settings().geometry().center())));
+    QWheelEvent notch({9, 9}, {9, 9}, {}, {0, -120}, Qt::NoButton, Qt::ShiftModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(Area().viewport(), &notch);
+    EXPECT_EQ(view().pos(), QPoint(-60, 0));
     Scroll(Across().maximum(), Down().maximum());
     EXPECT_EQ(view().geometry().right() + 1, settings().x()); // beside it, not under it
     EXPECT_EQ(view().geometry().bottom(), room->rect().bottom());
@@ -292,7 +305,6 @@ TEST_F(MainWindow, ZoomingKeepsWhatOneLooksAtAndOpenBeginsAtTheTopLeft) {
     EXPECT_EQ(view().pos(), QPoint(-90, -80));
     Open(other);
     EXPECT_EQ(view().pos(), QPoint(0, 0));
-    EXPECT_EQ(main->size(), size);
 }
 
 } // namespace
