@@ -30,7 +30,7 @@ function(editor_room folder)
                 "-DALLOWED=${folder};${ROOM_ROOMS}" -P ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
         COMMAND ${CMAKE_COMMAND} -E touch ${checked}
         DEPENDS ${files} ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake CMakeLists.txt
-        COMMENT "" VERBATIM)
+        COMMENT "Reading the includes of ${folder}" VERBATIM)
     add_custom_target(includes_${folder} DEPENDS ${checked})
     add_dependencies(editor_${folder} includes_${folder})
 endfunction()
