@@ -126,8 +126,6 @@ struct LevelModel {
     std::int16_t LevelWidth = 0;
     std::int16_t LevelHeight = 0;
     Picture LevelPicture;
-    Picture BackPicture;
-    Picture MaterialPicture;
 
     [[nodiscard]] auto StartPointTable() {
         return Table(StartPoints, NumStartPoints, "start points");

@@ -3,6 +3,7 @@
 
 #include "png/ChunkWalk.h"
 
+#include "inflate/BigEndian.h"
 #include "png/Sizes.h"
 
 #include <algorithm>

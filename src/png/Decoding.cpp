@@ -3,6 +3,7 @@
 
 #include "png/Decoding.h"
 
+#include "inflate/Inflate.h"
 #include "pictures/Pixel.h"
 #include "png/ImageData.h"
 #include "png/Pixels.h"

@@ -9,11 +9,6 @@
 
 namespace editor {
 
-std::uint32_t BigEndian(const std::uint8_t* bytes) {
-    return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 |
-           std::uint32_t{bytes[2]} << 8 | std::uint32_t{bytes[3]};
-}
-
 std::int32_t To32Bit(std::int64_t size) {
     if (size > std::numeric_limits<std::int32_t>::max()) {
         throw std::overflow_error("an image size leaves the 32-bit range");

@@ -9,11 +9,8 @@
 
 namespace editor {
 
-// The numbers of a PNG file, and the sizes of a non-interlaced image: all in signed 32 bits;
-// std::overflow_error where one leaves that range.
-
-/// The number of 32 bits whose bytes are at `bytes`, the most significant one first.
-[[nodiscard]] std::uint32_t BigEndian(const std::uint8_t* bytes);
+// Sizes of a non-interlaced image, all in signed 32 bits; std::overflow_error where one leaves that
+// range.
 
 /// `size` as a 32-bit number.
 [[nodiscard]] std::int32_t To32Bit(std::int64_t size);

@@ -30,39 +30,59 @@ PictureLimits Limits() {
     return {.MaximumSide = MaximumPictureSide, .MaximumBytes = FreeMemory() / 4 * 3};
 }
 
-void LoadPicture(const QString& name, Picture& target) {
-    const QString path = FindInFolder(mdlEdit.LevelPath, name);
-    if (!name.endsWith(QStringLiteral(".bmp"), Qt::CaseInsensitive)) {
-        LoadPNGPicture(path, target);
-        return;
+cPNG DecodedPNG(const QString& path) {
+    cPNG PNGDecoder;
+    if (PNGDecoder.LoadPNGFile(QFileInfo(path).filesystemFilePath(), Limits()) != 0) {
+        throw std::runtime_error("not an acceptable PNG file");
     }
+    return PNGDecoder;
+}
+
+Picture LoadedBitmap(const QString& path) {
     const std::unique_ptr<QFile> file = OpenRegularFile(path);
     if (file == nullptr) {
         throw std::runtime_error("not an ordinary file that can be opened");
     }
-    target = LoadBitmap(*file, Limits());
+    return LoadBitmap(*file, Limits());
 }
 
-// Every error raised while a picture is loaded makes it a failed load and nothing else.
-bool Loads(const QString& name, Picture& target) {
+// Calls `loadPNG` or `loadBitmap` with the path of a picture. Every error raised while it is loaded
+// makes it a failed load and nothing else.
+template <class PngLoader, class BitmapLoader>
+bool Loads(const QString& name, PngLoader loadPNG, BitmapLoader loadBitmap) {
     try {
-        LoadPicture(name, target);
+        const QString path = FindInFolder(mdlEdit.LevelPath, name);
+        if (name.endsWith(QStringLiteral(".bmp"), Qt::CaseInsensitive)) {
+            loadBitmap(path);
+        } else {
+            loadPNG(path);
+        }
         return true;
     } catch (const std::exception&) {
         return false;
     }
 }
 
+// The background and the material have to be readable, but nothing shows them: they are decoded in
+// full, one after the other into the same memory, and one pixel of them is drawn.
+bool CanBeRead(const QString& name) {
+    return Loads(
+        name,
+        [](const QString& path) {
+            DrawingSurface corner(1, 1);
+            DecodedPNG(path).DrawToDC(corner, 0, 0);
+        },
+        LoadedBitmap);
+}
+
 } // namespace
 
 bool LoadPictures() {
-    const bool level = Loads(mdlEdit.LevelFile, mdlEdit.LevelPicture);
-    // The other two have to be readable, but nothing shows them. Each is let go at once, so that
-    // the next picture is decoded into the same memory.
-    const bool back = Loads(mdlEdit.BackFile, mdlEdit.BackPicture);
-    mdlEdit.BackPicture = {};
-    const bool material = Loads(mdlEdit.MaterialFile, mdlEdit.MaterialPicture);
-    mdlEdit.MaterialPicture = {};
+    const bool level = Loads(
+        mdlEdit.LevelFile, [](const QString& path) { LoadPNGPicture(path, mdlEdit.LevelPicture); },
+        [](const QString& path) { mdlEdit.LevelPicture = LoadedBitmap(path); });
+    const bool back = CanBeRead(mdlEdit.BackFile);
+    const bool material = CanBeRead(mdlEdit.MaterialFile);
     LargeBuffer::ReleaseKept();
     mdlEdit.GraphicsLoaded = level && back && material;
     if (mdlEdit.GraphicsLoaded) {
@@ -73,10 +93,7 @@ bool LoadPictures() {
 }
 
 void LoadPNGPicture(const QString& path, Picture& target) {
-    cPNG PNGDecoder;
-    if (PNGDecoder.LoadPNGFile(QFileInfo(path).filesystemFilePath(), Limits()) != 0) {
-        throw std::runtime_error("not an acceptable PNG file");
-    }
+    const cPNG PNGDecoder = DecodedPNG(path);
     DrawingSurface picTemp(PNGDecoder.Width(), PNGDecoder.Height());
     PNGDecoder.DrawToDC(picTemp, 0, 0);
     target = Picture(std::move(picTemp));

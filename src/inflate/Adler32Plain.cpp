@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
+#include "inflate/Adler32.h"
 #include "pictures/InstructionSet.h"
-#include "png/Adler32.h"
 
 #ifndef EDITOR_SSE2
 

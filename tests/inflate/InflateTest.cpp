@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
-#include "png/ImageData.h"
+#include "inflate/Inflate.h"
+
 #include "support/PngBuilder.h"
 
 #include <gtest/gtest.h>

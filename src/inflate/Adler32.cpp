@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
-#include "png/Adler32.h"
+#include "inflate/Adler32.h"
 
 #include <algorithm>
 

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+
+namespace editor {
+
+/// Takes the next band of inflated bytes.
+using BandTaker = std::function<void(std::span<std::uint8_t> band)>;
+
+/// Inflates `data` to `expectedSize` bytes and hands them on in order. They come in pieces of the
+/// size of `band`, only the last of which may be shorter; each lies in `band` until the next one
+/// replaces it. What the stream does not fill is 0.
+///
+/// False when the stream is corrupt, cut short, empty, or longer than expected, all as zlib's
+/// uncompress() judges it; then nothing that was handed on counts. What `take` throws is passed on.
+[[nodiscard]] bool Inflate(std::span<const std::uint8_t> data, std::int32_t expectedSize,
+                           std::span<std::uint8_t> band, const BandTaker& take);
+
+} // namespace editor
