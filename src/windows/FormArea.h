@@ -42,11 +42,13 @@ class FormArea : public QMdiArea {
     void FormWasMoved(MdiForm& form);
     void Arrange();
 
+    // Before the bars, for making them sends the events that look at it: what moves now is moved by
+    // Arrange() or by the base class.
+    bool arranging_ = false;
+    QPoint scrolled_;
+    QPoint turned_; // of the wheel, what was too little for a pixel yet
     QScrollBar* across_;
     QScrollBar* down_;
-    QPoint scrolled_;
-    QPoint turned_;          // of the wheel, what was too little for a pixel yet
-    bool arranging_ = false; // what moves now is moved by Arrange() or by the base class
 };
 
 } // namespace editor
