@@ -18,7 +18,8 @@ using Outcome = std::optional<Bytes>;
 Outcome ByZlib(const Bytes& stream, std::size_t size) {
     Bytes inflated(size);
     auto filled = static_cast<uLongf>(size);
-    const int result = uncompress(inflated.data(), &filled, stream.data(), stream.size());
+    const int result =
+        uncompress(inflated.data(), &filled, stream.data(), static_cast<uLong>(stream.size()));
     return result == Z_OK && filled >= 1 ? Outcome(inflated) : std::nullopt;
 }
 

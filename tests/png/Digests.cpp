@@ -6,38 +6,25 @@
 // output has to be the same for every processor: see scripts/other-processors.
 
 #include "png/EveryKind.h"
-#include "png/cPNG.h"
+#include "png/Reading.h"
 
 #include <cstdio>
-#include <exception>
 #include <random>
 
 namespace editor {
 namespace {
 
-const std::filesystem::path File = std::filesystem::temp_directory_path() / "digests.png";
-
-std::string Outcome(const Bytes& file) {
-    WriteFile(File, file);
-    try {
-        cPNG png;
-        const std::int32_t code = png.LoadPNGFile(File);
-        if (code != 0) {
-            return "refused with " + std::to_string(code);
+std::string Outcome(const Bytes& bytes) {
+    const auto file = std::filesystem::temp_directory_path() / "digests.png";
+    WriteFile(file, bytes);
+    std::string outcome = OutcomeOf(file);
+    std::uint32_t sum = 1;
+    if (!mdlPNG.PngImage.Pixels.empty()) {
+        for (const std::uint32_t pixel : Drawn()) {
+            sum = sum * 16777619U ^ pixel;
         }
-        DrawingSurface surface(png.Width(), png.Height());
-        png.DrawToDC(surface, 0, 0);
-        Bytes drawn;
-        for (std::int32_t y = 0; y < surface.height(); ++y) {
-            for (std::int32_t x = 0; x < surface.width(); ++x) {
-                const Bytes pixel = BigEndian(surface.row(y)[x]);
-                drawn.insert(drawn.end(), pixel.begin(), pixel.end());
-            }
-        }
-        return std::to_string(crc32(0, drawn.data(), static_cast<uInt>(drawn.size())));
-    } catch (const std::exception&) {
-        return "error";
     }
+    return outcome + ' ' + std::to_string(sum);
 }
 
 void Print() {

@@ -32,7 +32,7 @@ inline const Bytes FilterSequences[] = {
     {1, 1, 2, 1, 3, 2, 1, 4, 2, 3, 1, 2, 3, 3, 2, 3, 4, 2, 4, 1, 2, 4, 3, 2, 4, 4, 2},
     {4, 4, 1, 3, 4, 2, 0, 3, 3, 4, 4, 4, 4, 4, 4}};
 
-/// A file of that kind, whose pixels, colours and alphas are noise.
+/// A file of that kind, whose pixels, colours and alphas are noise, in two IDAT chunks.
 [[nodiscard]] inline Bytes NoisePng(const Kind& kind, std::int32_t width, std::int32_t height,
                                     const Bytes& filters) {
     Bytes before;
@@ -45,7 +45,10 @@ inline const Bytes FilterSequences[] = {
     }
     const HeaderRec header = Header(width, height, kind.depth, kind.type);
     const Bytes rows = NoiseRows(header, static_cast<std::uint32_t>(width));
-    return PngOf(header, Filtered(header, rows, filters), before);
+    const Bytes stream = Deflated(Filtered(header, rows, filters));
+    const auto middle = stream.begin() + static_cast<std::ptrdiff_t>(stream.size() / 2);
+    return Join({Signature(), IHDR(header), before, Chunk("IDAT", {stream.begin(), middle}),
+                 Chunk("IDAT", {middle, stream.end()}), IEND()});
 }
 
 } // namespace editor

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
+#include "pictures/Pixel.h"
 #include "png/EveryKind.h"
 #include "png/PngFixture.h"
 
@@ -29,60 +30,99 @@ std::vector<std::uint32_t> DrawnByQt(const Bytes& file) {
     return pixels;
 }
 
-class EveryKindOfPicture : public PngFixture, public testing::WithParamInterface<Kind> {};
+using PictureTest = PngFixture;
 
-TEST_P(EveryKindOfPicture, IsDrawnAsTheReferenceReaderSeesIt) {
+TEST_F(PictureTest, OfEveryKindIsDrawnAsAnIndependentReaderSeesIt) {
     constexpr int LargerThanACache = 701;
-    for (const std::int32_t width : {1, 2, 3, 4, 5, 8, 17, 61, LargerThanACache}) {
-        for (const Bytes& filters : FilterSequences) {
-            if (width < LargerThanACache || filters.size() > 20) {
-                const std::int32_t height = width < LargerThanACache ? 29 : 503;
-                const Bytes file = NoisePng(GetParam(), width, height, filters);
-                ASSERT_EQ(Load(file), 0);
-                EXPECT_EQ(Drawn(), DrawnByQt(file))
-                    << "width " << width << " filter " << int{filters.front()};
+    for (const Kind& kind : EveryKind) {
+        for (const std::int32_t width : {1, 2, 3, 4, 5, 8, 17, 61, LargerThanACache}) {
+            for (const Bytes& filters : FilterSequences) {
+                if (width < LargerThanACache || filters.size() > 20) {
+                    const std::int32_t height = width < LargerThanACache ? 29 : 503;
+                    const Bytes file = NoisePng(kind, width, height, filters);
+                    ASSERT_EQ(Load(file), "accepted");
+                    ASSERT_EQ(Drawn(), DrawnByQt(file))
+                        << "colour type " << kind.type << ", " << int{kind.depth} << " bits, "
+                        << width << " wide, filter " << int{filters.front()};
+                }
             }
         }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(AllKinds, EveryKindOfPicture, testing::ValuesIn(EveryKind));
-
-class HeldPictures : public PngFixture {
-  protected:
-    // `pixels`: the bottom row first, padded; `before`: the chunks between IHDR and IDAT.
-    void Expect(const char* name, const HeaderRec& header, const Bytes& filtered,
-                std::uint16_t bitCount, const Bytes& pixels, const Bytes& palette = {},
-                const Bytes& before = {}) {
-        SCOPED_TRACE(name);
-        ASSERT_EQ(Load(PngOf(header, filtered, before)), 0);
-        const std::size_t colours = bitCount <= 8 ? palette.size() / 4 : 0;
-        EXPECT_EQ(mdlPNG.PngImage.Header,
-                  (BITMAPINFOHEADER{40, header.Width, header.Height, 1, bitCount, 0, 0, 0, 0,
-                                    static_cast<std::uint32_t>(colours), 0}));
-        EXPECT_EQ(mdlPNG.PngImage.Palette, palette);
+TEST_F(PictureTest, IsHeldAsABottomUpBitmapWithPaddedRows) {
+    const Bytes PLTE = Chunk("PLTE", {1, 2, 3, 4, 5, 6});
+    const std::tuple<Bytes, std::uint16_t, std::uint32_t, Bytes> rows[] = {
+        // the file, the bits of a pixel, the colours used, the pixels
+        {PngOf(Header(2, 2, 8, Truecolour), {0, 10, 20, 30, 11, 21, 31, 0, 1, 2, 3, 4, 5, 6}),
+         24,
+         0,
+         {3, 2, 1, 6, 5, 4, 0, 0, 30, 20, 10, 31, 21, 11, 0, 0}},
+        {PngOf(Header(9, 1, 1, PaletteIndex), {0, 0xA5, 0x80}, PLTE), 1, 2, {0xA5, 0x80, 0, 0}},
+        // With an alpha; what stands behind the last pixel of the row is no index.
+        {PngOf(Header(3, 1, 4, PaletteIndex), {0, 0x01, 0x0F}, Join({PLTE, Chunk("tRNS", {128})})),
+         32,
+         0,
+         {3, 2, 1, 128, 6, 5, 4, 255, 3, 2, 1, 128}},
+        // An unknown filter type, which changes nothing, and no data for the other row.
+        {PngOf(Header(4, 2, 8, PaletteIndex), {7, 1, 2, 3, 4}, PLTE),
+         8,
+         2,
+         {0, 0, 0, 0, 1, 2, 3, 4}}};
+    for (const auto& [file, bitCount, colours, pixels] : rows) {
+        ASSERT_EQ(Load(file), "accepted");
+        EXPECT_EQ(mdlPNG.PngImage.Header, (BITMAPINFOHEADER{40, png_.Width(), png_.Height(), 1,
+                                                            bitCount, 0, 0, 0, 0, colours, 0}));
         EXPECT_EQ(HeldPixels(), pixels);
     }
-};
+}
 
-TEST_F(HeldPictures, AreBottomUpBitmapsWithPaddedRows) {
-    const Bytes PLTE = Chunk("PLTE", {1, 2, 3, 4, 5, 6});
-    const Bytes quads = {3, 2, 1, 0, 6, 5, 4, 0};
-    Expect("truecolour rows are blue, green, red", Header(2, 2, 8, Truecolour),
-           {0, 10, 20, 30, 11, 21, 31, 0, 1, 2, 3, 4, 5, 6}, 24,
-           {3, 2, 1, 6, 5, 4, 0, 0, 30, 20, 10, 31, 21, 11, 0, 0});
-    Expect("1-bit rows stay packed", Header(9, 1, 1, PaletteIndex), {0, 0xA5, 0x80}, 1,
-           {0xA5, 0x80, 0, 0}, quads, PLTE);
-    Expect("a palette with alpha becomes 32 bits, whatever stands behind a row's last pixel",
-           Header(3, 1, 4, PaletteIndex), {0, 0x01, 0x0F}, 32,
-           {3, 2, 1, 128, 6, 5, 4, 255, 3, 2, 1, 128}, quads, Join({PLTE, Chunk("tRNS", {128})}));
-    Expect("an empty tRNS chunk leaves the palette opaque", Header(1, 1, 8, PaletteIndex), {0, 1},
-           8, {1, 0, 0, 0}, quads, Join({PLTE, Chunk("tRNS")}));
-    Expect("tRNS of a truecolour image counts for nothing", Header(1, 1, 8, Truecolour),
-           {0, 10, 20, 30}, 24, {30, 20, 10, 0}, {}, Chunk("tRNS", {0, 10, 0, 20, 0, 30}));
-    Expect("an unknown filter type changes nothing, and a short stream leaves zeros",
-           Header(4, 2, 8, PaletteIndex), {7, 1, 2, 3, 4}, 8, {0, 0, 0, 0, 1, 2, 3, 4}, quads,
-           PLTE);
+TEST_F(PictureTest, IsPutAtItsPositionAndCutOffAtTheEdges) {
+    const Bytes triples = {0, 17, 17, 17, 34, 34, 34, 51,  51,  51,
+                           0, 68, 68, 68, 85, 85, 85, 102, 102, 102};
+    const Bytes blended = {0, 17, 255, 34, 255, 51, 255, 0, 68, 255, 85, 255, 102, 255};
+    for (const Bytes& file : {PngOf(Header(3, 2, 4, Greyscale), {0, 0x12, 0x30, 0, 0x45, 0x60}),
+                              PngOf(Header(3, 2, 8, Truecolour), triples),
+                              PngOf(Header(3, 2, 8, GreyscaleAlpha), blended)}) {
+        ASSERT_EQ(Load(file), "accepted");
+        const std::array<int, 3> rows[] = {
+            // the surface's width, left, top
+            {4, 0, 0}, {4, 1, 1},         {4, -1, -1},       {4, 2, 2}, {4, -3, 0},
+            {4, 0, 3}, {4, INT32_MAX, 0}, {4, 0, INT32_MIN}, {3, 0, 1}, {3, 0, -1}};
+        for (const auto& [width, left, top] : rows) {
+            {
+                DrawingSurface before(width, 4); // leaves its pixels in the memory used again
+                std::fill_n(before.row(3) - 3 * width, 4 * width, 0U);
+            }
+            DrawingSurface surface(width, 4);
+            png_.DrawToDC(surface, left, top);
+            for (std::int32_t i = 0; i < 4 * width; ++i) {
+                const std::int64_t column = i % width - std::int64_t{left};
+                const std::int64_t row = i / width - std::int64_t{top};
+                const bool covered = column >= 0 && column < 3 && row >= 0 && row < 2;
+                const auto pixel = static_cast<std::uint32_t>(row * 3 + column + 1);
+                EXPECT_EQ(surface.row(i / width)[i % width],
+                          covered ? 0xff000000U + 0x111111U * pixel : NeutralGrey)
+                    << left << ", " << top;
+            }
+        }
+    }
+}
+
+TEST_F(PictureTest, IsBlendedWithWhatWasDrawnBefore) {
+    DrawingSurface surface(5, 1);
+    std::fill_n(surface.row(0), 5, 0xff102030);
+    ASSERT_EQ(Load(PngOf(Header(5, 1, 8, GreyscaleAlpha), {0, 0, 0, 9, 1, 9, 128, 9, 255, 0, 128})),
+              "accepted");
+    png_.DrawToDC(surface, 0, 0);
+    EXPECT_EQ(PixelsOf(surface), (std::vector<std::uint32_t>{0xff102030, 0xff102030, 0xff0d151d,
+                                                             0xff090909, 0xff081018}));
+}
+
+TEST_F(PictureTest, IsBlackWhereAnIndexIsBeyondTheColourTable) {
+    const HeaderRec header = Header(2, 1, 8, PaletteIndex);
+    ASSERT_EQ(Load(PngOf(header, {0, 0, 200}, Chunk("PLTE", {1, 2, 3}))), "accepted");
+    EXPECT_EQ(Drawn(), (std::vector<std::uint32_t>{0xff010203, 0xff000000}));
 }
 
 } // namespace
