@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <new>
 #include <utility>
 
 namespace editor {
@@ -73,6 +74,8 @@ std::optional<LevelFileError> LoadLevel() {
         mdlEdit = std::move(next);
     } catch (const FileProblem& problem) {
         return QStringLiteral("The level cannot be opened: ") + problem.Text();
+    } catch (const std::bad_alloc&) {
+        return QStringLiteral("The level cannot be opened: there is not enough memory.");
     }
     return std::nullopt;
 }
@@ -95,6 +98,8 @@ std::optional<LevelFileError> SaveLevel() {
         }
     } catch (const FileProblem& problem) {
         return problem.Text() + remark;
+    } catch (const std::bad_alloc&) {
+        return QStringLiteral("The level cannot be saved: there is not enough memory.") + remark;
     }
     return std::nullopt;
 }

@@ -167,7 +167,8 @@ BitmapRec DecodeImage(const PictureLimits& limits) {
     const std::int32_t filteredSize = To32Bit(std::int64_t{header.Height} * RowBytes(header));
     const std::int32_t bitmapSize =
         To32Bit(std::int64_t{header.Height} * DibStride(header.Width, bitCount));
-    const std::int64_t surfaceSize = std::int64_t{4} * header.Width * header.Height;
+    const std::int64_t surfaceSize =
+        limits.WillBeDrawn ? std::int64_t{4} * header.Width * header.Height : 0;
     limits.RequireBytes(mdlPNG.FileBytes.size() + mdlPNG.Chunks.size() * PngModule::BytesPerChunk +
                         static_cast<std::uint64_t>(bitmapSize + surfaceSize));
 

@@ -21,7 +21,8 @@ constexpr std::uint64_t LargestBuffer = std::numeric_limits<std::int32_t>::max()
 FileReader::FileReader(std::istream& file, std::uint64_t size, const PictureLimits& limits,
                        LargeBuffer& bytes)
     : file_(file), size_(size), limits_(limits), bytes_(bytes) {
-    bytes_ = LargeBuffer(static_cast<std::size_t>(std::min(size, LargestBuffer)));
+    bytes_ =
+        LargeBuffer(static_cast<std::size_t>(std::min({size, LargestBuffer, limits.MaximumBytes})));
 }
 
 bool FileReader::Read(std::size_t count, std::span<const std::uint8_t>& next) {

@@ -48,4 +48,9 @@ std::int32_t cPNG::LoadPNGFile(const std::filesystem::path& FileName, const Pict
     return FileExists(FileName) ? LoadExistingFile(FileName, limits) : NoSuchFile;
 }
 
+void cPNG::Release() {
+    mdlPNG.ClearChunks();
+    mdlPNG.PngImage = {};
+}
+
 } // namespace editor

@@ -38,14 +38,18 @@ class cPNG {
     /// Throws std::runtime_error when the image data are missing, corrupt or more than the header
     /// says, when the image is wider or higher than `limits` allow, when an index lies beyond the
     /// palette of an image with transparency, or (as std::overflow_error) when a size does not fit
-    /// in signed 32 bits; std::bad_alloc when there is not enough memory, or when the file, its
-    /// image and a surface to draw it on would take more than `limits` allow.
+    /// in signed 32 bits; std::bad_alloc when there is not enough memory, or when loading
+    /// would take more than `limits` allow.
     ///
     /// On 1, 3 and an error while the chunks are read, header and image stay those of the last
-    /// accepted file. On an error after that, the header is already the new one, and nothing should
-    /// be drawn before another file has been accepted.
+    /// accepted file, unless Release() was called. On an error after that, the header is already
+    /// the new one, and nothing should be drawn before another file has been accepted.
     [[nodiscard]] std::int32_t LoadPNGFile(const std::filesystem::path& FileName,
                                            const PictureLimits& limits = {});
+
+    /// Gives up the image and what was read of the file. The header stays; nothing can be drawn
+    /// before another file has been accepted.
+    void Release();
 
     [[nodiscard]] std::int32_t Width() const;
 };

@@ -26,24 +26,32 @@ namespace editor {
 namespace {
 
 // Some of the free memory is left to the other programs, so that no picture can drive them out.
-PictureLimits Limits() {
-    return {.MaximumSide = MaximumPictureSide, .MaximumBytes = FreeMemory() / 4 * 3};
+PictureLimits Limits(bool willBeDrawn) {
+    return {.MaximumSide = MaximumPictureSide,
+            .MaximumBytes = FreeMemory() / 4 * 3,
+            .WillBeDrawn = willBeDrawn};
 }
 
-cPNG DecodedPNG(const QString& path) {
-    cPNG PNGDecoder;
-    if (PNGDecoder.LoadPNGFile(QFileInfo(path).filesystemFilePath(), Limits()) != 0) {
-        throw std::runtime_error("not an acceptable PNG file");
+/// A decoder for one file, whose memory goes with it, also when loading failed.
+struct OneFileDecoder : cPNG {
+    OneFileDecoder() = default;
+    ~OneFileDecoder() { Release(); }
+    OneFileDecoder(const OneFileDecoder&) = delete;
+    OneFileDecoder& operator=(const OneFileDecoder&) = delete;
+
+    void Load(const QString& path, bool willBeDrawn) {
+        if (LoadPNGFile(QFileInfo(path).filesystemFilePath(), Limits(willBeDrawn)) != 0) {
+            throw std::runtime_error("not an acceptable PNG file");
+        }
     }
-    return PNGDecoder;
-}
+};
 
 Picture LoadedBitmap(const QString& path) {
     const std::unique_ptr<QFile> file = OpenRegularFile(path);
     if (file == nullptr) {
         throw std::runtime_error("not an ordinary file that can be opened");
     }
-    return LoadBitmap(*file, Limits());
+    return LoadBitmap(*file, Limits(true));
 }
 
 // Calls `loadPNG` or `loadBitmap` with the path of a picture. Every error raised while it is loaded
@@ -69,8 +77,10 @@ bool CanBeRead(const QString& name) {
     return Loads(
         name,
         [](const QString& path) {
+            OneFileDecoder PNGDecoder;
+            PNGDecoder.Load(path, false);
             DrawingSurface corner(1, 1);
-            DecodedPNG(path).DrawToDC(corner, 0, 0);
+            PNGDecoder.DrawToDC(corner, 0, 0);
         },
         LoadedBitmap);
 }
@@ -78,6 +88,7 @@ bool CanBeRead(const QString& name) {
 } // namespace
 
 bool LoadPictures() {
+    mdlEdit.LevelPicture = {};
     const bool level = Loads(
         mdlEdit.LevelFile, [](const QString& path) { LoadPNGPicture(path, mdlEdit.LevelPicture); },
         [](const QString& path) { mdlEdit.LevelPicture = LoadedBitmap(path); });
@@ -93,7 +104,8 @@ bool LoadPictures() {
 }
 
 void LoadPNGPicture(const QString& path, Picture& target) {
-    const cPNG PNGDecoder = DecodedPNG(path);
+    OneFileDecoder PNGDecoder;
+    PNGDecoder.Load(path, true);
     DrawingSurface picTemp(PNGDecoder.Width(), PNGDecoder.Height());
     PNGDecoder.DrawToDC(picTemp, 0, 0);
     target = Picture(std::move(picTemp));

@@ -13,10 +13,9 @@ namespace editor {
 inline constexpr int MaximumPictureSide = 32767;
 
 /// Loads the three graphics that mdlEdit names, each one although another cannot be read. True when
-/// all could be: then GraphicsLoaded and the level's size are those of the new pictures. A level
-/// picture that cannot be read stays as it was; the background and the material are not kept. A
-/// picture that would take more than three quarters of the free memory cannot be read. Throws
-/// nothing.
+/// all could be: then GraphicsLoaded and the level's size are those of the new pictures. The level
+/// picture from before goes first; the background and the material are not kept. A picture that
+/// would take more than three quarters of the free memory cannot be read. Throws nothing.
 [[nodiscard]] bool LoadPictures();
 
 /// Decodes a PNG file into `target`. Throws std::runtime_error, or what the decoder throws, when
