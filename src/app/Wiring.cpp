@@ -11,6 +11,16 @@
 #include "windows/FormArea.h"
 
 namespace editor {
+namespace {
+
+template <class Form>
+Form* Watched(Form* form, frmMain& main) {
+    QObject::connect(form, &MdiForm::Hidden, &main, &frmMain::KeepKeyboardInSight,
+                     Qt::QueuedConnection);
+    return form;
+}
+
+} // namespace
 
 frmWaypoint* MakeMapView(frmMain& main, FormArea& area) {
     auto* view = new frmWaypoint(area, [&main] {
@@ -29,19 +39,18 @@ frmWaypoint* MakeMapView(frmMain& main, FormArea& area) {
     answer(&frmWaypoint::MouseUp, Form_MouseUp);
     answer(&frmWaypoint::KeyDown, Form_KeyDown);
     QObject::connect(view, &MdiForm::Closed, &main, &frmMain::MapViewClosed);
-    return view;
+    return Watched(view, main);
 }
 
 frmWaypointSettings* MakeEntitySettings(frmMain& main, FormArea& area) {
-    auto* settings = new frmWaypointSettings(area, main.mapView);
-    return settings;
+    return Watched(new frmWaypointSettings(area, main.mapView), main);
 }
 
 frmLevel* MakeLevelSettings(frmMain& main, FormArea& area) {
     auto* dialog = new frmLevel(area);
     QObject::connect(dialog, &frmLevel::Accepted, &main, &frmMain::LevelSettingsAccepted);
     QObject::connect(dialog, &MdiForm::Closed, &main, &frmMain::LevelSettingsClosed);
-    return dialog;
+    return Watched(dialog, main);
 }
 
 } // namespace editor

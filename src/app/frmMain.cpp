@@ -41,16 +41,10 @@ struct BusyPointer {
 
 } // namespace
 
-template <class Form>
-Form* frmMain::Watched(Form* form) {
-    connect(form, &MdiForm::Hidden, this, &frmMain::KeepKeyboardInSight, Qt::QueuedConnection);
-    return form;
-}
-
 frmMain::frmMain()
-    : mapView([this] { return Watched(MakeMapView(*this, *area_)); }),
-      entitySettings([this] { return Watched(MakeEntitySettings(*this, *area_)); }),
-      levelSettings([this] { return Watched(MakeLevelSettings(*this, *area_)); }),
+    : mapView([this] { return MakeMapView(*this, *area_); }),
+      entitySettings([this] { return MakeEntitySettings(*this, *area_); }),
+      levelSettings([this] { return MakeLevelSettings(*this, *area_); }),
       area_(new FormArea(this)) {
     setWindowTitle(QStringLiteral("Torvak! Level editor"));
     setCentralWidget(area_);
@@ -145,7 +139,7 @@ void frmMain::mnuLevNew_Click() {
     BeginLevel(folder);
     SetMenus();
     ClearSelection();
-    area_->ScrollTo({0, 0});
+    BeginAtTopLeft();
     ShowPinned(levelSettings.Use());
     mnuLevSettings->setChecked(true);
 }
@@ -162,7 +156,7 @@ void frmMain::mnuLevOpen_Click() {
         return;
     }
     LoadGraphics();
-    area_->ScrollTo({0, 0});
+    BeginAtTopLeft();
     ClearSelection();
     SetMenus();
 }
@@ -204,6 +198,10 @@ void frmMain::LoadGraphics() {
         return;
     }
     const BusyPointer busy;
+    // The old picture makes room for the new ones.
+    if (frmWaypoint* view = mapView.Existing()) {
+        view->Image().SetBackground({}, {});
+    }
     try {
         if (LoadPictures()) {
             ShowLevel();
@@ -228,6 +226,14 @@ void frmMain::ShowLevel() {
     DrawLevelPicture(view);
     view.PaintPoints();
     view.TakeKeyboard();
+}
+
+// Also where the user has moved the view of the level before.
+void frmMain::BeginAtTopLeft() {
+    if (frmWaypoint* view = mapView.Existing()) {
+        view->standing.place = {};
+    }
+    area_->ScrollTo({0, 0});
 }
 
 void frmMain::MapViewClosed() {
@@ -256,7 +262,6 @@ void frmMain::ClearSelection() {
     }
 }
 
-// When a window was hidden the keyboard goes to one that can be seen, the map view first.
 void frmMain::KeepKeyboardInSight() {
     const QWidget* focused = focusWidget();
     if (focused != nullptr && focused != area_ && focused->isVisible()) {

@@ -25,8 +25,8 @@ class frmMain : public QMainWindow {
     ~frmMain() override;
 
     /// Enables the entry of the level settings for good, and that of the level items as long as
-    /// graphics are loaded; without graphics the level has no size and the map view is hidden. Check
-    /// marks stay.
+    /// graphics are loaded; without graphics the level has no size and the map view is hidden.
+    /// Check marks stay.
     void SetMenus();
 
     /// Lets the user choose a folder; empty when cancelled.
@@ -45,6 +45,8 @@ class frmMain : public QMainWindow {
     void MapViewClosed();
     void LevelSettingsAccepted();
     void LevelSettingsClosed();
+    /// When a window was hidden the keyboard goes to one that can be seen, the map view first.
+    void KeepKeyboardInSight();
 
     // The two entries whose check marks and enabling follow the level and the windows.
     QAction* mnuLevSettings = nullptr;
@@ -54,8 +56,6 @@ class frmMain : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    template <class Form>
-    Form* Watched(Form* form);
     void MakeMenus();
     void MDIForm_Load();
     void mnuLevNew_Click();
@@ -69,7 +69,7 @@ class frmMain : public QMainWindow {
     void ShowEntitySettings();
     void HideEntitySettings();
     void ClearSelection();
-    void KeepKeyboardInSight();
+    void BeginAtTopLeft();
     void ShowPinned(MdiForm& form);
     void GrowFor(const QSize& wanted);
 

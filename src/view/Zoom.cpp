@@ -47,10 +47,12 @@ void SetZoom(frmWaypoint& view, float zoom) {
     QPoint scrolled = view.Area().Scrolled() + QPoint(moved(kept.x()), moved(kept.y()));
     mdlEdit.Zoom = zoom;
     SizeView(view);
-    // A view that can be seen as a whole begins at the top left, also where it is partly covered.
+    // What can be seen as a whole without scrolling is not scrolled, also where it is partly
+    // covered.
+    const QRect unscrolled(view.standing.place, view.size());
     const QSize room = view.Area().viewport()->size();
-    scrolled.rx() = view.width() <= room.width() ? 0 : scrolled.x();
-    scrolled.ry() = view.height() <= room.height() ? 0 : scrolled.y();
+    scrolled.rx() = unscrolled.right() < room.width() ? 0 : scrolled.x();
+    scrolled.ry() = unscrolled.bottom() < room.height() ? 0 : scrolled.y();
     view.Area().ScrollTo(scrolled);
     DrawLevelPicture(view);
     view.PaintPoints();

@@ -159,7 +159,8 @@ void FormArea::wheelEvent(QWheelEvent* event) {
     if (moved.x() == 0 && (event->modifiers() & (Qt::ShiftModifier | Qt::AltModifier))) {
         moved = moved.transposed();
     }
-    ScrollTo(scrolled_ - moved);
+    across_->setValue(across_->value() - moved.x());
+    down_->setValue(down_->value() - moved.y());
     event->accept();
 }
 
