@@ -11,11 +11,7 @@ class QWidget;
 
 namespace editor {
 
-/// Lets the user choose a file or type the name of one that need not exist, in a dialog titled
-/// "Open File" that starts in `initialFolder`. `filter` is a list of label and pattern pairs, every
-/// label and pattern followed by "|"; the first is preselected. The chosen file's folder becomes
-/// the process's current directory. The result is the absolute, clean path, or empty when the user
-/// cancels.
+/// choosers().openFileName in a dialog titled "Open File".
 [[nodiscard]] QString ShowOpenDialog(QWidget* owner, const QString& initialFolder,
                                      const QString& filter);
 

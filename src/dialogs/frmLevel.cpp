@@ -15,6 +15,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <optional>
+
 namespace editor {
 namespace {
 

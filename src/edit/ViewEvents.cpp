@@ -54,7 +54,7 @@ void Finish(frmWaypoint& view, const GestureResult& result) {
         view.PaintPoints();
     }
     if (!result.message.isEmpty()) {
-        MsgBox(&view, result.message);
+        MsgBox(view.window(), result.message);
     }
 }
 

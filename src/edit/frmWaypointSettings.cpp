@@ -285,7 +285,7 @@ void frmWaypointSettings::chkReload_Click() {
 }
 
 void frmWaypointSettings::ShowItem(const ItemRec& item) {
-    txtName->setText(QString(item.Name)); // a copy: the handler writes into the item that is shown
+    txtName->setText(item.Name);
     txtAmount->setText(QString::number(item.Amount));
     cmbType->setCurrentIndex(item.Type >= 0 && item.Type < NumItemTypes ? item.Type : -1);
     txtBounce->setText(QString::number(item.Bounce));

@@ -18,7 +18,7 @@ namespace editor {
 /// one character and comes back as the same byte.
 [[nodiscard]] QString FromCodePage(QByteArrayView bytes);
 
-/// The text as bytes of the code page, one a character; nothing when a character has no byte.
+/// The text as bytes of the code page, one per character; nothing when a character has no byte.
 [[nodiscard]] std::optional<QByteArray> ToCodePage(QStringView text);
 
 /// The first character that the code page cannot hold, as it stands in the text (a pair of

@@ -17,7 +17,7 @@ namespace editor {
 [[nodiscard]] bool IsRegularFile(const QString& path);
 
 /// Opens an ordinary file for reading. Null when it cannot be opened, is not an ordinary file, or
-/// has size 0, as which the system shows some files of its own that never end.
+/// has size 0: some of the system's own files claim that and never end.
 [[nodiscard]] std::unique_ptr<QFile> OpenRegularFile(const QString& path);
 
 /// The content of a file; empty when there is no such file. Throws FileProblem, with path and

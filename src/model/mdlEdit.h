@@ -119,7 +119,7 @@ struct LevelModel {
     std::array<WaypointRec, MaxWayPoints> WayPoints{};
     std::int32_t NumWayPoints = 0;
 
-    /// View pixels per level pixel: 0.25, 0.5, 1, 2, 4 or 8.
+    /// View pixels per level pixel, one of the view's ZoomSteps.
     float Zoom = 1;
     bool GraphicsLoaded = false;
     // The size of the level graphics in pixels, -1 while none is loaded.

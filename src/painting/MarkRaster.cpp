@@ -4,6 +4,7 @@
 #include "painting/MarkRaster.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <string_view>
 
 namespace editor {
@@ -28,6 +29,7 @@ constexpr std::string_view WideCircle = "..ooo.."
                                         "..ooo..";
 static_assert(NarrowCircle.size() == NarrowSide * NarrowSide);
 static_assert(WideCircle.size() == WideSide * WideSide);
+static_assert(std::max(NarrowSide, WideSide) / 2 <= MaximumReach);
 
 constexpr std::int64_t FloorDivide(std::int64_t a, std::int64_t b) {
     return a / b - (a % b < 0 ? 1 : 0); // b > 0

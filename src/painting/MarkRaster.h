@@ -62,6 +62,9 @@ class LineSteps {
     double inverse_ = 0;     // 1 / (2 |rise_|), for Inside()
 };
 
+/// No pixel of a mark is farther from its points than this, on each axis.
+inline constexpr int MaximumReach = 3;
+
 /// How far a circle of a pen of that width reaches from its centre, on each axis.
 [[nodiscard]] int MarkReach(int lineWidth);
 

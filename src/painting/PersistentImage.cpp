@@ -20,9 +20,6 @@ constexpr int MaximumRegionRects = 256;
 // long slanted line would be far too large.
 constexpr int ChangePiece = 64;
 
-// No pixel of a mark is further from its points than this.
-constexpr int MaximumReach = 3;
-
 // Rows are copied in runs of this many view pixels; with each, the same run of the next row is
 // prefetched.
 constexpr int RunLength = 512;
@@ -32,7 +29,8 @@ int SourceIndex(int view, int pictureSize, int stretchedSize) {
 }
 
 /// Some view pixels side by side, and where in a row of the picture their colours come from. Each
-/// zoom has a loop of its own; only a view of any other size looks up an index for every pixel.
+/// zoom has a loop of its own; only where neither size is a multiple of the other, an index is
+/// looked up for every pixel.
 class SourceRun {
   public:
     SourceRun(int first, int count, int pictureSize, int stretchedSize)
@@ -138,7 +136,7 @@ void PersistentImage::Add(Mark mark) {
 
 void PersistentImage::Circle(const QPoint& centre, std::uint32_t colour) {
     Mark mark = pen_;
-    mark.circle = true;
+    mark.kind = MarkKind::Circle;
     mark.style = LineStyle::Solid;
     mark.colour = colour;
     mark.line = LineSteps(centre, centre);
@@ -154,7 +152,7 @@ void PersistentImage::Line(const QPoint& from, const QPoint& to, std::uint32_t c
 }
 
 void PersistentImage::AddChange(QRegion& region, const Mark& mark, const QRect& visible) {
-    const int reach = mark.circle ? MarkReach(mark.width) : mark.width / 2;
+    const int reach = mark.kind == MarkKind::Circle ? MarkReach(mark.width) : mark.width / 2;
     const auto add = [&](const QPoint& from, const QPoint& to) {
         const QRect box(
             QPoint(std::min(from.x(), to.x()) - reach, std::min(from.y(), to.y()) - reach),
@@ -250,7 +248,7 @@ void PersistentImage::Paint(std::uint32_t* target, qsizetype stride, const QRect
         if (mark.bottom < exposed.top() || mark.top > exposed.bottom()) {
             continue;
         }
-        if (mark.circle) {
+        if (mark.kind == MarkKind::Circle) {
             PaintCircle(raster, mark.line.At(0), mark.width, mark.colour, mark.fill);
         } else {
             PaintLine(raster, mark.line, mark.width, mark.style == LineStyle::Dotted, mark.colour);

@@ -67,10 +67,11 @@ class PersistentImage {
     void Paint(std::uint32_t* target, qsizetype stride, const QRect& exposed) const;
 
   private:
+    enum class MarkKind : std::uint8_t { Line, Circle };
     struct Mark {
         std::int64_t top = 0; // no pixel is above this row or below the other
         std::int64_t bottom = 0;
-        bool circle = false;
+        MarkKind kind = MarkKind::Line;
         std::uint8_t width = 1;
         LineStyle style = LineStyle::Solid;
         std::uint32_t fill = 0;

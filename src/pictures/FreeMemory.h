@@ -8,8 +8,8 @@
 namespace editor {
 
 /// How many bytes of memory the system could give this process now without swapping anything out;
-/// on Linux, the limits of its control groups count too. As many as a program can address where the
-/// system does not say.
+/// on Linux, the limits of its control groups count too. Where the system does not say, as many as
+/// a program can address.
 [[nodiscard]] std::uint64_t FreeMemory();
 
 } // namespace editor

@@ -19,9 +19,9 @@ void DrawPlain(DrawingSurface& hDC, std::int32_t x, std::int32_t y, const Bitmap
 void DrawBlended(DrawingSurface& hDC, std::int32_t x, std::int32_t y, const BitmapRec& image);
 
 /// Blends `count` pixels (blue, green, red, alpha) with the pixels 0xffRRGGBB at `background` and
-/// writes the result to `out`, which may be the same place. Each sample becomes ((255 - alpha) x
-/// old
-/// + alpha x new + 255) / 256, which leaves the old one at alpha 0 and gives the new one at 255.
+/// writes the result to `out`, which may be the same place. Each sample becomes
+/// ((255 - alpha) x old + alpha x new + 255) / 256, which is the old one at alpha 0 and the new
+/// one at alpha 255.
 void BlendRow(std::uint32_t* out, const std::uint32_t* background, const std::uint8_t* pixels,
               std::int32_t count);
 

@@ -12,7 +12,7 @@ class frmWaypoint;
 /// The values of mdlEdit.Zoom: view pixels per level pixel.
 inline constexpr std::array ZoomSteps = {0.25F, 0.5F, 1.0F, 2.0F, 4.0F, 8.0F};
 
-// The step next to `zoom`, which is one of them; the last one itself.
+// The next step up or down from `zoom`, which is one of them; `zoom` itself where it is the last.
 [[nodiscard]] float LargerZoom(float zoom);
 [[nodiscard]] float SmallerZoom(float zoom);
 

@@ -6,6 +6,7 @@
 #include <QRect>
 
 #include <algorithm>
+#include <utility>
 
 namespace editor {
 namespace {

@@ -30,7 +30,8 @@ struct StandingForm {
 
 /// Where everything in an area stands.
 struct Arrangement {
-    /// What can be scrolled to, on one axis; 0 always can. There is a bar where there is a choice.
+    /// What can be scrolled to on one axis, always including 0. There is a bar where there is a
+    /// choice.
     struct Range {
         int minimum = 0;
         int maximum = 0;

@@ -17,8 +17,8 @@ MdiForm::MdiForm(FormArea& area, const QString& caption, QWidget* client, const 
     setWindowTitle(caption);
     client->setWindowTitle(caption);
     setWidget(client);
-    // Its entries would close the form by a key and take it off the others, and it opens in the
-    // client area too when the pointer comes there from the icon in one jump.
+    // The system menu's entries would let a key close the form and let it leave the top. And the
+    // menu opens in the client area too, when the pointer gets there from the icon in one jump.
     setSystemMenu(nullptr);
     // No maximise and minimise boxes: such a form would change the main window's caption and get
     // into states in which its size cannot be set. The close box needs the hint of a system menu.
