@@ -234,6 +234,9 @@ TEST_F(MainWindow, WhatIsOnTheScreenIsAlwaysWhatAFullRepaintShows) {
             mdlEdit.WayPoints[static_cast<std::size_t>(number(0, 29))].X = number(0, 690);
         }
         view().PaintPoints();
+        if (number(0, 1) == 1) { // the line of a link that is being drawn, with a selection
+            Move(Qt::RightButton, QPointF(number(0, 700), number(0, 500)));
+        }
         const QImage partly = shown();
         view().widget()->update();
         ASSERT_EQ(partly, shown()) << step;

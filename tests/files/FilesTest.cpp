@@ -20,7 +20,7 @@ using namespace test;
 TEST(FindInFolder, PrefersTheExactNameAndIgnoresLetterCaseOtherwise) {
     LevelFolder folder;
     for (const char* name : {"Level.PNG", "gfx/back.png", "GFX/mat.png", "gfx/a/x.png",
-                             "Gfx/A/y.png", "both.png", "BOTH.png", "with blank \xC3\xA4.png"}) {
+                             "Gfx/A/y.png", "both.png", "BOTH.png", ".with blank \xC3\xA4.png"}) {
         folder.Write(QString::fromUtf8(name), "x");
     }
     using Row = std::pair<const char*, const char*>;
@@ -28,7 +28,7 @@ TEST(FindInFolder, PrefersTheExactNameAndIgnoresLetterCaseOtherwise) {
          {Row{"Level.PNG", "Level.PNG"}, Row{"level.png", "Level.PNG"},
           Row{"gfx\\back.png", "gfx/back.png"}, Row{"gfx/MAT.png", "GFX/mat.png"},
           Row{"gfx\\a\\Y.PNG", "Gfx/A/y.png"}, Row{"both.png", "both.png"},
-          Row{"Both.PNG", "BOTH.png"}, Row{"WITH BLANK \xC3\xA4.png", "with blank \xC3\xA4.png"},
+          Row{"Both.PNG", "BOTH.png"}, Row{".WITH BLANK \xC3\xA4.png", ".with blank \xC3\xA4.png"},
           Row{"\\Level.PNG", "Level.PNG"}}) {
         // As files, not as names, of which some systems take more than one for the same.
         EXPECT_EQ(QFileInfo(FindInFolder(folder.Path(), QString::fromUtf8(name))),
