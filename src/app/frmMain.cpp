@@ -21,6 +21,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <cstdlib>
 #include <exception>
 #include <utility>
 
@@ -38,6 +39,13 @@ struct BusyPointer {
     BusyPointer(const BusyPointer&) = delete;
     BusyPointer& operator=(const BusyPointer&) = delete;
 };
+
+// Whether it is the size that the program gave. On a scaled screen the window system rounds it to
+// pixels of the device.
+bool IsSame(const QSize& size, const QSize& given) {
+    const QSize off = size - given;
+    return std::abs(off.width()) <= 1 && std::abs(off.height()) <= 1;
+}
 
 } // namespace
 
@@ -301,7 +309,7 @@ void frmMain::ShowPinned(MdiForm& form) {
 // Gives the area as much of this size as the screen allows, unless it is the user who has given the
 // main window the size that it has.
 void frmMain::GrowFor(const QSize& wanted) {
-    if (isMaximized() || isFullScreen() || size() != ownSize_) {
+    if (isMaximized() || isFullScreen() || !IsSame(size(), ownSize_)) {
         return;
     }
     const QRect available = screen()->availableGeometry();

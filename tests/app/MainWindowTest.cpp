@@ -257,6 +257,7 @@ TEST_F(MainWindow, AGestureEndsWhenTheViewIsHidden) {
 
 TEST_F(MainWindow, TheMainWindowGrowsForALevelUntilTheUserHasSizedIt) {
     MakeLevel(good, 400, 300);
+    main->resize(main->size() + QSize(1, -1)); // as a window system may round it
     Open(good);
     EXPECT_LE(view().geometry().right(), settings().x());
     EXPECT_EQ(settings().geometry().right(), Area().viewport()->rect().right());
@@ -306,6 +307,7 @@ TEST_F(MainWindow, ZoomingKeepsWhatOneLooksAtAndOpenBeginsAtTheTopLeft) {
     EXPECT_FALSE(Across().isVisible() || Down().isVisible());
     Do(u"F7"_s);
     EXPECT_EQ(view().pos(), QPoint(-90, -80));
+    view().move(70, 60);
     Open(other);
     EXPECT_EQ(view().pos(), QPoint(0, 0));
 }
