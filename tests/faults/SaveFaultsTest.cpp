@@ -5,18 +5,86 @@
 // the process before each. Prints what came of it as a table, which is what this program is for
 // when it is run by itself.
 
-#include "faults/FailingCalls.h"
 #include "model/LevelFiles.h"
 #include "model/mdlEdit.h"
 #include "support/LevelFolder.h"
 #include "support/Models.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <set>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+namespace {
+
+// The calls that can lose data. They stand before the C library's of the same names.
+struct {
+    int untilFailure = 0; // 1 for the next call; 0 or less: none fails
+    int error = 0;        // errno of the failure; 0: the process is killed before the call
+    std::string failed = {};
+    bool diskFull = false; // it took half of a write, and takes no more
+} calls;
+
+/// True when the call that asks must fail; errno is set then.
+bool Fails(const char* name) {
+    if (--calls.untilFailure != 0) {
+        return false;
+    }
+    if (calls.error == 0) {
+        ::kill(::getpid(), SIGKILL);
+    }
+    calls.failed = name;
+    errno = calls.error;
+    return true;
+}
+
+template <class Function>
+Function* Real(const char* name, Function*) {
+    return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
+}
+
+} // namespace
+
+// NOLINTBEGIN(bugprone-reserved-identifier): the C library's names are the point.
+extern "C" {
+
+#define INJECT(name, parameters, arguments)                                                        \
+    int name parameters {                                                                          \
+        static const auto real = Real(#name, &name);                                               \
+        return Fails(#name) ? -1 : real arguments;                                                 \
+    }
+
+INJECT(open, (const char* path, int flags, mode_t mode), (path, flags, mode))
+INJECT(open64, (const char* path, int flags, mode_t mode), (path, flags, mode))
+INJECT(fdatasync, (int fd), (fd))
+INJECT(close, (int fd), (fd))
+INJECT(fchmod, (int fd, mode_t mode), (fd, mode))
+INJECT(rename, (const char* from, const char* to), (from, to))
+INJECT(linkat, (int a, const char* from, int b, const char* to, int flags), (a, from, b, to, flags))
+
+int fsync(int fd) {
+    static const auto real = Real("fsync", &fsync);
+    struct stat file = {};
+    ::fstat(fd, &file);
+    return Fails(S_ISDIR(file.st_mode) ? "fsync of the folder" : "fsync") ? -1 : real(fd);
+}
+
+ssize_t write(int fd, const void* bytes, std::size_t count) {
+    static const auto real = Real("write", &write);
+    if (Fails("write")) {
+        calls.diskFull = calls.error == ENOSPC;
+        return calls.diskFull ? real(fd, bytes, count / 2) : -1;
+    }
+    errno = calls.diskFull ? ENOSPC : errno;
+    return calls.diskFull ? -1 : real(fd, bytes, count);
+}
+}
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace editor {
 namespace {
@@ -73,9 +141,9 @@ TEST_P(SaveFaults, AnErrorIsToldAndLosesNothing) {
         std::string call = "first";
         for (int number = 1; !call.empty(); ++number) {
             Reset();
-            Arm({number, error});
+            calls = {number, error};
             const QString message = SaveLevel().value_or(QString());
-            call = Disarm();
+            call = std::exchange(calls, {}).failed;
             (message.isEmpty() ? silent : told).insert(call);
             const std::string outcome = Outcome();
             SCOPED_TRACE(call + " " + ::strerrorname_np(error));
@@ -116,7 +184,7 @@ TEST_P(SaveFaults, AKilledProcessLeavesWholeFiles) {
         std::fflush(stdout);
         const pid_t child = ::fork();
         if (child == 0) {
-            Arm({number, 0});
+            calls = {number};
             static_cast<void>(SaveLevel());
             ::_exit(0);
         }
