@@ -42,12 +42,10 @@ class InflateStream {
         return filled;
     }
 
-    [[nodiscard]] bool Ended() const { return status_ == Z_STREAM_END; }
-    [[nodiscard]] bool Empty() const { return stream_.total_out == 0; }
-
-    // Of a stream that has ended: whether the last bytes read are the checksum of its data.
-    [[nodiscard]] bool Intact() const {
-        return checksum_.Value() == BigEndian(stream_.next_in - sizeof(std::uint32_t));
+    // Whether the stream has ended, was not empty, and its last bytes are the checksum of its data.
+    [[nodiscard]] bool EndedWell() const {
+        return status_ == Z_STREAM_END && stream_.total_out > 0 &&
+               checksum_.Value() == BigEndian(stream_.next_in - sizeof(std::uint32_t));
     }
 
   private:
@@ -65,7 +63,7 @@ bool Inflate(std::span<const std::uint8_t> data, std::int32_t expectedSize,
     while (left > 0) {
         const std::span<std::uint8_t> next = band.first(std::min(band.size(), left));
         const std::size_t filled = stream.Fill(next);
-        if (filled < next.size() && !stream.Ended()) {
+        if (filled < next.size() && !stream.EndedWell()) {
             return false;
         }
         std::memset(next.data() + filled, 0, next.size() - filled);
@@ -74,7 +72,7 @@ bool Inflate(std::span<const std::uint8_t> data, std::int32_t expectedSize,
     }
     // The end of a stream that has filled the last band may be still to come, but no more bytes.
     static_cast<void>(stream.Fill(band.first(0)));
-    return stream.Ended() && stream.Intact() && !stream.Empty();
+    return stream.EndedWell();
 }
 
 } // namespace editor
