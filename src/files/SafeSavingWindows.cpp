@@ -52,25 +52,28 @@ bool IsHeld(const std::wstring& name) {
     const HANDLE file =
         CreateFileW(name.c_str(), DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                     nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file != INVALID_HANDLE_VALUE) {
-        CloseHandle(file);
+    if (file == INVALID_HANDLE_VALUE) {
+        return GetLastError() == ERROR_SHARING_VIOLATION;
     }
-    return file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_SHARING_VIOLATION;
+    CloseHandle(file);
+    return false;
 }
 
 // Not with ReplaceFileW(), which would keep more of the old file, but renames twice: there would be
-// a moment without any file of that name.
-bool PutInPlace(const QString& name, const QString& target) {
+// a moment without any file of that name. The result is the system's error, which calls that
+// follow would overwrite.
+DWORD PutInPlace(const QString& name, const QString& target) {
     const std::wstring from = SystemName(name);
     const std::wstring to = SystemName(target);
     if (GetFileAttributesW(to.c_str()) != INVALID_FILE_ATTRIBUTES) {
         if (IsHeld(to)) {
-            return false;
+            return ERROR_SHARING_VIOLATION;
         }
         CopyRights(to, from);
     }
-    return MoveFileExW(from.c_str(), to.c_str(),
-                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
+               ? ERROR_SUCCESS
+               : GetLastError();
 }
 
 } // namespace
@@ -96,12 +99,12 @@ void ReplaceFile(const QString& path, const QByteArray& bytes) {
     if (file.write(bytes) != bytes.size()) {
         fail(file.errorString());
     }
-    if (_commit(file.handle()) != 0) {
-        fail(qt_error_string(errno));
+    if (!FlushFileBuffers(reinterpret_cast<HANDLE>(_get_osfhandle(file.handle())))) {
+        fail(qt_error_string()); // the system's last error
     }
     file.close();
-    if (!PutInPlace(file.fileName(), target)) {
-        fail(qt_error_string(static_cast<int>(GetLastError())));
+    if (const DWORD error = PutInPlace(file.fileName(), target); error != ERROR_SUCCESS) {
+        fail(qt_error_string(static_cast<int>(error)));
     }
     remove.dismiss();
 }
