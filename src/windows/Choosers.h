@@ -28,7 +28,8 @@ struct Choosers {
         openFileName;
 };
 
-/// The choosers in use: at first Qt's own dialogs, which look and work the same on every desktop.
+/// The choosers in use: at first Qt's own dialogs, which look and work the same on every desktop, or
+/// on Windows the system's.
 [[nodiscard]] Choosers& choosers();
 
 /// Keeps the file dialogs from writing a configuration file of their own into the user's home. To
