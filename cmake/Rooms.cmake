@@ -37,9 +37,11 @@ endfunction()
 
 # editor_test(<name> SOURCES file... LINKS target... [GUI] [VALGRIND])
 #
-# A GoogleTest program test_<name>, one CTest entry. With GUI it runs under Qt's offscreen
-# platform, with a QApplication. VALGRIND makes the same tests also the program valgrind_<name>,
-# which takes all memory from malloc(), whose use valgrind watches; ./test runs it.
+# A GoogleTest program test_<name>, one CTest entry. With GUI it has a QApplication, under Qt's
+# offscreen platform; on Windows, where that one lacks the fonts, on the desktop. VALGRIND makes
+# the same tests also the program valgrind_<name>, which takes all memory from malloc(), whose
+# use valgrind watches; ./test runs it.
+set(EDITOR_TEST_PLATFORM $<IF:$<BOOL:${WIN32}>,windows,offscreen>)
 function(editor_test name)
     cmake_parse_arguments(TEST "GUI;VALGRIND" "" "SOURCES;LINKS" ${ARGN})
     add_executable(test_${name} ${TEST_SOURCES})
@@ -58,6 +60,6 @@ function(editor_test name)
     add_test(NAME ${name} COMMAND test_${name})
     # Memory that cannot be had is an error to be handled under the sanitizers too.
     set_tests_properties(${name} PROPERTIES
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=allocator_may_return_null=1"
+        ENVIRONMENT "QT_QPA_PLATFORM=${EDITOR_TEST_PLATFORM};ASAN_OPTIONS=allocator_may_return_null=1"
         TIMEOUT 600)
 endfunction()

@@ -10,6 +10,7 @@ import itertools
 import os
 import shutil
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -124,7 +125,8 @@ class Desktop:
         return self.call("xdotool", *map(str, words)).decode()
 
     def start(self, program, working_folder):
-        self.editor = subprocess.Popen([program], env=self.environment, cwd=working_folder)
+        """`program`: the words of its command line."""
+        self.editor = subprocess.Popen(program, env=self.environment, cwd=working_folder)
         self.wait_for_window("Torvak! Level editor")
 
     def close(self):
@@ -229,3 +231,8 @@ class Desktop:
         time.sleep(0.2)
         self.key("Return")
         self.wait_for_window("Torvak! Level editor")
+
+
+if __name__ == "__main__":  # runs a command on such a desktop
+    with Desktop(tempfile.gettempdir()) as desktop:
+        sys.exit(subprocess.call(sys.argv[1:], env=desktop.environment))
