@@ -166,10 +166,10 @@ TEST_F(MainWindow, AViewThatWasClosedShowsTheLevelAgainAtAnySize) {
         return canvas->grab(QRect(x, y, 1, 1)).toImage().pixel(0, 0);
     };
     EXPECT_EQ(view().ClientSize(), QSize(40, 30));
-    EXPECT_EQ(pixel(39, 29), Ground);
+    EXPECT_EQ(pixel(39, 29), Ground(39, 29));
     EXPECT_EQ(pixel(5, 4), 0xffffffff); // the start point's rim
     view().resize(view().size() + QSize(150, 0));
-    EXPECT_EQ(pixel(39, 0), Ground);
+    EXPECT_EQ(pixel(39, 0), Ground(39, 0));
     EXPECT_EQ(pixel(60, 0), PersistentImage::PlainColour);
 }
 
@@ -250,6 +250,7 @@ TEST_F(MainWindow, AGestureEndsWhenTheViewIsHidden) {
         Do(u"F7"_s);
         Move(button, {20, 20});
         Do(u"F7"_s);
+        EXPECT_EQ(view().curpoint, -1);
         Release(button, {20, 20});
         EXPECT_EQ(mdlEdit.StartPoints[0].X * 10 + mdlEdit.NumStartPoints, 51);
     }

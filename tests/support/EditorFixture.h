@@ -51,11 +51,18 @@ class EditorFixture : public testing::Test {
         QCoreApplication::processEvents();
     }
 
-    /// A level without entities but for those of `more`, its graphics plain and of this size.
+    /// The colour of a pixel of the pictures of MakeLevel().
+    static QRgb Ground(int x, int y) { return qRgb(x % 256, y % 256, 99); }
+
+    /// A level without entities but for those of `more`, its graphics of this size.
     static void MakeLevel(const LevelFolder& folder, int width, int height,
                           const QByteArray& more = {}) {
         QImage picture(width, height, QImage::Format_RGB32);
-        picture.fill(Ground);
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
+                picture.setPixel(x, y, Ground(x, y));
+            }
+        }
         for (const QString& name : {u"l.png"_s, u"b.png"_s, u"m.png"_s}) {
             picture.save(folder.Path(name));
         }
@@ -98,16 +105,6 @@ class EditorFixture : public testing::Test {
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(view().widget(), key, modifiers);
     }
-
-    /// Everything that is drawn on the view.
-    QImage Drawn() {
-        QImage image(view().ClientSize(), QImage::Format_RGB32);
-        view().Image().Paint(reinterpret_cast<std::uint32_t*>(image.bits()), image.width(),
-                             image.rect());
-        return image;
-    }
-
-    static constexpr QRgb Ground = 0xff336699; // of the pictures of MakeLevel()
 
     QString answer;
     QStringList asked, messages;
