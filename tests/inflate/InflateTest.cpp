@@ -6,29 +6,26 @@
 #include "support/PngBuilder.h"
 
 #include <gtest/gtest.h>
-#include <optional>
 #include <zlib.h>
 
 namespace editor {
 namespace {
 
-using Outcome = std::optional<Bytes>;
-
-// What zlib makes of the whole stream at once is the rule.
-Outcome ByZlib(const Bytes& stream, std::size_t size) {
+// What zlib makes of the whole stream at once is the rule. A refused stream gives no bytes.
+Bytes ByZlib(const Bytes& stream, std::size_t size) {
     Bytes inflated(size);
     auto filled = static_cast<uLongf>(size);
     const int result =
         uncompress(inflated.data(), &filled, stream.data(), static_cast<uLong>(stream.size()));
-    return result == Z_OK && filled >= 1 ? Outcome(inflated) : std::nullopt;
+    return result == Z_OK && filled >= 1 ? inflated : Bytes();
 }
 
-Outcome InBands(const Bytes& stream, std::size_t size, std::size_t bandSize) {
+Bytes InBands(const Bytes& stream, std::size_t size, std::size_t bandSize) {
     Bytes inflated, band(bandSize, 99);
     const bool accepted = Inflate(stream, static_cast<std::int32_t>(size), band, [&](auto next) {
         inflated.insert(inflated.end(), next.begin(), next.end());
     });
-    return accepted ? Outcome(inflated) : std::nullopt;
+    return accepted ? inflated : Bytes();
 }
 
 TEST(InflateTest, InBandsOfAnySizeWholeAndDamagedStreamsGiveWhatZlibGives) {

@@ -3,7 +3,15 @@
 
 #pragma once
 
+#include "png/PngFile.h"
+#include "png/cPNG.h"
 #include "support/PngBuilder.h"
+
+#include <algorithm>
+#include <new>
+#include <sstream>
+#include <stdexcept>
+#include <string>
 
 namespace editor {
 
@@ -21,20 +29,9 @@ inline constexpr Kind EveryKind[] = {
     {PaletteIndex, 2, 2}, {PaletteIndex, 4, 9}, {PaletteIndex, 8, 77}, {GreyscaleAlpha, 8},
     {GreyscaleAlpha, 16}, {TruecolourAlpha, 8}, {TruecolourAlpha, 16}};
 
-/// Each filter alone; every two that look back, one below the other; and Paeth four times, where
-/// four rows begin and end and where some are left.
-inline const Bytes FilterSequences[] = {
-    {0},
-    {1},
-    {2},
-    {3},
-    {4},
-    {1, 1, 2, 1, 3, 2, 1, 4, 2, 3, 1, 2, 3, 3, 2, 3, 4, 2, 4, 1, 2, 4, 3, 2, 4, 4, 2},
-    {4, 4, 1, 3, 4, 2, 0, 3, 3, 4, 4, 4, 4, 4, 4}};
-
-/// A file of that kind, whose pixels, colours and alphas are noise, in two IDAT chunks.
-[[nodiscard]] inline Bytes NoisePng(const Kind& kind, std::int32_t width, std::int32_t height,
-                                    const Bytes& filters) {
+/// A file of that kind, whose pixels, colours, alphas and filters are noise, in two IDAT chunks.
+[[nodiscard]] inline Bytes NoisePng(const Kind& kind, std::int32_t width, std::int32_t height) {
+    const HeaderRec header = Header(width, height, kind.depth, kind.type);
     Bytes before;
     if (kind.type == PaletteIndex) {
         before = Chunk("PLTE", NoiseRows(Header(1 << kind.depth, 1, 8, Truecolour), 1));
@@ -43,12 +40,48 @@ inline const Bytes FilterSequences[] = {
         const HeaderRec alphas = Header(kind.transparentEntries, 1, 8, Greyscale);
         before = Join({before, Chunk("tRNS", NoiseRows(alphas, 2))});
     }
-    const HeaderRec header = Header(width, height, kind.depth, kind.type);
-    const Bytes rows = NoiseRows(header, static_cast<std::uint32_t>(width));
-    const Bytes stream = Deflated(Filtered(header, rows, filters));
+    const auto seed = static_cast<std::uint32_t>(width);
+    Bytes filters = NoiseRows(Header(height, 1, 8, Greyscale), seed);
+    for (std::uint8_t& filter : filters) {
+        filter = std::min<std::uint8_t>(filter % 8, 4); // every other one is Paeth, often in fours
+    }
+    const Bytes stream = Deflated(Filtered(header, NoiseRows(header, seed), filters));
     const auto middle = stream.begin() + static_cast<std::ptrdiff_t>(stream.size() / 2);
     return Join({Signature(), IHDR(header), before, Chunk("IDAT", {stream.begin(), middle}),
                  Chunk("IDAT", {middle, stream.end()}), IEND()});
+}
+
+/// What came of a load, in words.
+template <class Loading>
+[[nodiscard]] std::string OutcomeOf(const Loading& load) {
+    try {
+        const std::int32_t code = load();
+        return code == Accepted ? "accepted" : code == NoSuchFile ? "no file" : "refused";
+    } catch (const std::bad_alloc&) {
+        return "too much memory";
+    } catch (const std::overflow_error&) {
+        return "2^31 or more";
+    } catch (const std::runtime_error&) {
+        return "corrupt";
+    }
+}
+
+[[nodiscard]] inline std::string Load(const Bytes& bytes, const PictureLimits& limits = {}) {
+    std::istringstream file(std::string(bytes.begin(), bytes.end()));
+    return OutcomeOf([&] { return LoadContents(file, bytes.size(), limits); });
+}
+
+[[nodiscard]] inline std::vector<std::uint32_t> PixelsOf(DrawingSurface& surface) {
+    std::uint32_t* end = surface.row(surface.height() - 1) + surface.width();
+    return {surface.row(0), end};
+}
+
+/// What DrawToDC() makes of a surface of the image's size.
+[[nodiscard]] inline std::vector<std::uint32_t> Drawn() {
+    const cPNG png{};
+    DrawingSurface surface(png.Width(), png.Height());
+    png.DrawToDC(surface, 0, 0);
+    return PixelsOf(surface);
 }
 
 } // namespace editor
