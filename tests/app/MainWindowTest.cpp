@@ -121,56 +121,37 @@ TEST_F(MainWindow, WindowsAndEntriesFollowEveryOrderOfCommands) {
     }
 }
 
-TEST_F(MainWindow, NewKeepsTheSettingsAndEmptiesTheTables) {
-    Open(good);
-    Do(u"Ctrl+N good"_s);
-    EXPECT_EQ(messages,
-              QStringList(u"This folder seems to be already used. Please use \"Open\""_s));
-    EXPECT_EQ(mdlEdit.LevelPath, good.Path());
-    EXPECT_EQ(mdlEdit.NumItems, 2);
-
-    Do(u"Ctrl+N empty"_s);
-    EXPECT_EQ(mdlEdit.LevelPath, empty.Path());
-    EXPECT_EQ(mdlEdit.NumItems + mdlEdit.NumStartPoints + mdlEdit.NumWayPoints, 0);
-    EXPECT_EQ(QSize(mdlEdit.LevelWidth, mdlEdit.LevelHeight), QSize(-1, -1));
-    EXPECT_EQ(mdlEdit.LevelFile + QString::number(mdlEdit.KickerForce), u"l.png7"_s);
-    EXPECT_EQ(In(main->levelSettings.Use(), u"txtJumper"_s).text(),
-              u"1000"_s); // shown without Init
-    EXPECT_EQ(asked.last(), u"Please select the destination folder"_s);
-    EXPECT_EQ(asked.first(), u"Please select the level folder"_s);
-}
-
-TEST_F(MainWindow, AFailedOpenLeavesWhatWasOpenAndTheNextOneKeepsTheZoom) {
+TEST_F(MainWindow, NewKeepsTheSettingsAndWhatFailsIsToldAndChangesNothing) {
     Open(good);
     Key(Qt::Key_Minus, Qt::KeypadModifier);
     view().curpoint = 0;
     other.Write(u"waypoint.cfg"_s, "[Map]\nNumWayPoints=202\n");
-    Open(other);
-    EXPECT_TRUE(messages.join(u'\n').contains(u"NumWayPoints=202"));
-    EXPECT_EQ(mdlEdit.LevelPath, good.Path());
-    EXPECT_EQ(mdlEdit.LevelWidth, 40);
-    EXPECT_EQ(view().curpoint, 0);
+    for (const QString& command : {u"Ctrl+N good"_s, u"Ctrl+O other"_s}) {
+        Do(command);
+        EXPECT_EQ(std::tuple(mdlEdit.LevelPath, mdlEdit.NumItems, view().curpoint),
+                  std::tuple(good.Path(), 2, 0));
+    }
     QFile::remove(other.Path(u"waypoint.cfg"_s));
     Open(other);
-    EXPECT_EQ(view().ClientSize(), QSize(32, 10));
+    EXPECT_EQ(view().ClientSize(), QSize(32, 10)); // at the zoom from before
     EXPECT_EQ(view().curpoint, -1);
     Open(broken);
     EXPECT_EQ(mdlEdit.LevelWidth, -1);
-}
+    mdlEdit.LevelPath += u"/none"_s;
+    Do(u"Ctrl+S"_s);
+    ASSERT_EQ(messages.size(), 3);
+    EXPECT_EQ(messages[0], u"This folder seems to be already used. Please use \"Open\""_s);
+    EXPECT_TRUE(messages[1].contains(u"NumWayPoints=202"));
+    EXPECT_TRUE(messages[2].contains(u"/none"));
 
-TEST_F(MainWindow, AViewThatWasClosedShowsTheLevelAgainAtAnySize) {
     Open(good);
-    Do(u"close view"_s);
-    Do(u"F7"_s);
-    const auto pixel = [canvas = view().widget()](int x, int y) {
-        return canvas->grab(QRect(x, y, 1, 1)).toImage().pixel(0, 0);
-    };
-    EXPECT_EQ(view().ClientSize(), QSize(40, 30));
-    EXPECT_EQ(pixel(39, 29), Ground(39, 29));
-    EXPECT_EQ(pixel(5, 4), 0xffffffff); // the start point's rim
-    view().resize(view().size() + QSize(150, 0));
-    EXPECT_EQ(pixel(39, 0), Ground(39, 0));
-    EXPECT_EQ(pixel(60, 0), PersistentImage::PlainColour);
+    Do(u"Ctrl+N empty"_s);
+    EXPECT_EQ(mdlEdit.LevelPath, empty.Path());
+    EXPECT_EQ(mdlEdit.NumItems + mdlEdit.NumStartPoints + mdlEdit.NumWayPoints, 0);
+    EXPECT_EQ(mdlEdit.LevelFile + QString::number(mdlEdit.KickerForce), u"l.png7"_s);
+    EXPECT_EQ(In(main->levelSettings.Use(), u"txtJumper"_s).text(), u"1000"_s); // without Init
+    EXPECT_EQ(asked.last(), u"Please select the destination folder"_s);
+    EXPECT_EQ(asked.first(), u"Please select the level folder"_s);
 }
 
 TEST_F(MainWindow, GraphicsAreFoundByEndingAndRefusedAsAWhole) {
@@ -203,10 +184,7 @@ TEST_F(MainWindow, WhatIsOnTheScreenIsAlwaysWhatAFullRepaintShows) {
     const auto number = [&random](int low, int high) {
         return static_cast<std::int16_t>(std::uniform_int_distribution<int>(low, high)(random));
     };
-    QImage noise(700, 500, QImage::Format_RGB32);
-    std::generate_n(reinterpret_cast<std::uint32_t*>(noise.bits()), 700 * 500,
-                    [&random] { return 0xff000000U | static_cast<std::uint32_t>(random()); });
-    noise.save(good.Path(u"l.png"_s));
+    MakeLevel(good, 700, 500);
     Open(good);
     mdlEdit.NumWayPoints = 30;
     for (WaypointRec& waypoint : mdlEdit.WayPoints) {
@@ -243,10 +221,15 @@ TEST_F(MainWindow, WhatIsOnTheScreenIsAlwaysWhatAFullRepaintShows) {
     }
 }
 
-TEST_F(MainWindow, AGestureEndsWhenTheViewIsHidden) {
+TEST_F(MainWindow, AGestureEndsWhenTheViewIsHiddenOrLeft) {
     Open(good);
     for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
         Press(button, {5, 6}); // the start point
+        QEvent left(QEvent::WindowDeactivate);
+        QApplication::sendEvent(view().widget(), &left);
+        Move(button, {20, 20});
+        Release(button, {20, 20});
+        Press(button, {5, 6});
         Do(u"F7"_s);
         Move(button, {20, 20});
         Do(u"F7"_s);
@@ -259,10 +242,13 @@ TEST_F(MainWindow, AGestureEndsWhenTheViewIsHidden) {
 TEST_F(MainWindow, TheMainWindowGrowsForALevelUntilTheUserHasSizedIt) {
     MakeLevel(good, 400, 300);
     main->resize(main->size() + QSize(1, -1)); // as a window system may round it
+    main->move(600, 400);
     Open(good);
+    EXPECT_TRUE(main->screen()->availableGeometry().contains(main->frameGeometry()));
     EXPECT_LE(view().geometry().right(), settings().x());
     EXPECT_EQ(settings().geometry().right(), Area().viewport()->rect().right());
     main->resize(600, 400);
+    EXPECT_EQ(settings().geometry().right(), Area().viewport()->rect().right());
     MakeLevel(good, 450, 300);
     Open(good);
     EXPECT_EQ(main->size(), QSize(600, 400));
@@ -274,10 +260,24 @@ TEST_F(MainWindow, ZoomingKeepsWhatOneLooksAtAndOpenBeginsAtTheTopLeft) {
     OpenInSmallWindow(900, 700);
     const QWidget* room = Area().viewport();
     EXPECT_TRUE(settings().isAncestorOf(room->childAt(settings().geometry().center())));
-    QWheelEvent notch({9, 9}, {9, 9}, {}, {0, -120}, Qt::NoButton, Qt::ShiftModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(Area().viewport(), &notch);
-    EXPECT_EQ(view().pos(), QPoint(-60, 0));
+    const QPoint none, notch(0, -120);
+    using Turn = std::tuple<QPoint, QPoint, Qt::KeyboardModifier, Qt::ScrollPhase, QPoint>;
+    for (const auto& [pixels, angle, key, phase, place] :
+         {Turn{none, notch, Qt::ShiftModifier, Qt::NoScrollPhase, {-60, 0}},
+          Turn{none, notch / 8, Qt::NoModifier, Qt::NoScrollPhase, {-60, -7}},
+          Turn{none, notch / 8, Qt::NoModifier, Qt::NoScrollPhase, {-60, -15}}, // 2 * 7.5 pixels
+          Turn{{-3, -4}, notch, Qt::NoModifier, Qt::NoScrollPhase, {-60, -75}},
+          Turn{{-3, -4}, notch, Qt::NoModifier, Qt::ScrollUpdate, {-63, -79}}}) { // a touchpad
+        QWheelEvent turn({9, 9}, {9, 9}, pixels, angle, Qt::NoButton, key, phase, false);
+        QApplication::sendEvent(Area().viewport(), &turn);
+        EXPECT_EQ(view().pos(), place);
+    }
+    Scroll(0, 0);
+    Down().triggerAction(QAbstractSlider::SliderPageStepAdd); // but for a line
+    Down().triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(view().pos(), QPoint(0, -room->height()));
+    EXPECT_EQ(Down().geometry().right(), Area().rect().right());
+    QTest::mouseDClick(&view(), Qt::LeftButton, {}, {9, 9}); // on the icon
     Scroll(Across().maximum(), Down().maximum());
     EXPECT_EQ(view().geometry().right() + 1, settings().x()); // beside it, not under it
     EXPECT_EQ(view().geometry().bottom(), room->rect().bottom());

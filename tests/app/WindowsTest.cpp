@@ -64,10 +64,12 @@ TEST_F(Windows, EnterEscAndAPassingWheelDoNothing) {
     EXPECT_TRUE(settings().isVisible() && main->levelSettings.Use().isVisible());
     EXPECT_TRUE(asked.isEmpty());
     auto& cmbType = Setting<QComboBox>("cmbType");
+    EXPECT_EQ(cmbType.focusPolicy(), Qt::StrongFocus); // the wheel does not bring the keyboard
     Setting<QRadioButton>("optItems").click();
     for (const int index : {0, 1}) {
         QWheelEvent down({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
         QApplication::sendEvent(&cmbType, &down);
+        EXPECT_EQ(down.isAccepted(), index == 1); // else the area scrolls with it
         EXPECT_EQ(cmbType.currentIndex(), index);
         cmbType.setFocus();
     }

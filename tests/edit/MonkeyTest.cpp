@@ -278,9 +278,9 @@ class Monkey : public test::EditorFixture {
                                                   {"txtBounce", &ItemRec::Bounce},
                                                   {"txtDist", &ItemRec::DetectDist},
                                                   {"txtGravity", &ItemRec::Gravity}});
-        QString text = OneOf<QString>({{}, u"-40000"_s, u"&HFFFF"_s, u"2.5\n\u00e4;#"_s});
+        QString text = OneOf<QString>({{}, u"-40000"_s, u"&HFFFF"_s, u"2.5\n\u2029\u00e4;#"_s});
         QApplication::clipboard()->setText(text);
-        text.replace(u'\n', u' ');
+        text.replace(u'\n', u' ').replace(u'\u2029', u' ');
         Setting(name).clear();
         Setting(name).paste();
         QTest::keyClick(&Setting(name), Qt::Key_7);

@@ -98,6 +98,13 @@ TEST_F(AnyArea, IsArrangedOnceForAllAndHidesNothing) {
             Change();
             SCOPED_TRACE(testing::Message() << "round " << round << ", change " << change);
             const Arrangement once = Arranged();
+            const auto& [across, down] = std::tie(once.across, once.down);
+            ASSERT_TRUE(across.minimum <= 0 && across.maximum >= 0);
+            ASSERT_TRUE(down.minimum <= 0 && down.maximum >= 0);
+            ASSERT_TRUE(!across.NeedsBar() ||
+                        once.room.height() == std::max(0, area.height() - Bar));
+            ASSERT_TRUE(!down.NeedsBar() || once.room.width() == std::max(0, area.width() - Bar));
+            const Arrangement end = Arrange(area, Bar, forms, {across.maximum, down.maximum});
             scrolled = once.scrolled;
             for (std::size_t i = 0; i < forms.size(); ++i) {
                 const auto& [corner, slid] = once.places[i];
@@ -105,6 +112,10 @@ TEST_F(AnyArea, IsArrangedOnceForAllAndHidesNothing) {
                 const bool fits = size.boundedTo(once.room) == size;
                 if (forms[i].standing.pinned && fits && slid.isNull()) {
                     ASSERT_TRUE(QRect({}, once.room).contains({corner, size}));
+                }
+                if (forms[i].standing.pinned) { // its far end can be seen
+                    const QPoint far = end.places[i].corner + QPoint(size.width(), size.height());
+                    ASSERT_TRUE(far.x() <= end.room.width() && far.y() <= end.room.height());
                 }
             }
             const Arrangement twice = Arranged();
@@ -120,6 +131,22 @@ TEST_F(AnyArea, IsArrangedOnceForAllAndHidesNothing) {
                     << pixel.x() << ", " << pixel.y();
             }
         }
+    }
+}
+
+TEST(MoveTo, KeepsTheDistanceFromTheNearerSideAndScrollsBeyondTheEdge) {
+    const QSize room(400, 300);
+    using Row = std::tuple<bool, QPoint, QPoint, QPoint>; // pinned, to, slid, in a wider room
+    for (const auto& [pinned, to, slid, corner] :
+         {Row{true, {10, 20}, {}, {10, 20}}, Row{true, {290, 5}, {}, {390, 5}},
+          Row{true, {10, 20}, {30, 0}, {40, 20}}, Row{false, {-20, 30}, {}, {-20, 30}},
+          Row{false, {20, -30}, {}, {20, -30}}}) {
+        StandingForm form{pinned ? QSize(100, 50) : QSize(600, 400), {.pinned = pinned}};
+        QPoint scrolled(7, 7);
+        MoveTo(to, form.size, room, slid, form.standing, scrolled);
+        const QSize wider = room + QSize(100, 0);
+        EXPECT_EQ(Arrange(wider, Bar, {&form, 1}, scrolled).places[0].corner, corner);
+        EXPECT_TRUE(form.standing.place.x() >= 0 && form.standing.place.y() >= 0);
     }
 }
 

@@ -3,6 +3,9 @@
 
 #include "windows/Choosers.h"
 
+#include "windows/Look.h"
+#include "windows/MessageBox.h"
+
 #include <QTemporaryDir>
 #include <QTest>
 #include <QtWidgets>
@@ -59,7 +62,11 @@ TEST_F(PlatformDialogs, AChosenFileNeedNotExistItsFolderBecomesCurrentAndNothing
                                {u"sub/../no ending"_s, u"/no ending"_s, u""_s},
                                {u" a \" b "_s, u"/ a \" b "_s, u""_s}};
     for (const auto& [typed, chosen, current] : rows) {
-        Answer([name = typed](QWidget& dialog) { Enter(dialog, name); });
+        Answer([name = typed](QWidget& dialog) {
+            EXPECT_EQ(static_cast<QFileDialog&>(dialog).nameFilters(),
+                      QStringList({u"PNG graphics (*.png)"_s, u"BMP graphics (*.bmp)"_s}));
+            Enter(dialog, name);
+        });
         EXPECT_EQ(Open(), folder_ + chosen);
         EXPECT_EQ(QDir::currentPath(), folder_ + current);
     }
@@ -79,6 +86,24 @@ TEST_F(PlatformDialogs, TheFolderBrowserShowsItsPromptAndGivesACleanPath) {
         });
         EXPECT_EQ(choosers().browseForFolder(nullptr, u"Please"_s), folder_ + u'/' + name);
     }
+}
+
+TEST_F(PlatformDialogs, AMessageIsShownAsItIs) {
+    Answer([](QWidget& dialog) {
+        const auto& box = static_cast<QMessageBox&>(dialog);
+        EXPECT_EQ(box.windowTitle() + box.text(), u"Title<b>text"_s);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        Enter(dialog);
+    });
+    MsgBox(nullptr, u"<b>text"_s, u"Title"_s);
+}
+
+TEST_F(PlatformDialogs, AnyFaceIsMadeToFit) {
+    QFont font;
+    font.setPixelSize(40);
+    EXPECT_LE(
+        QFontMetrics(Fitting(font, u"Start points"_s, 57)).horizontalAdvance(u"Start points"_s),
+        57);
 }
 
 } // namespace
