@@ -197,7 +197,7 @@ TEST_F(MainWindow, WhatIsOnTheScreenIsAlwaysWhatAFullRepaintShows) {
         QCoreApplication::processEvents();
         return main->screen()->grabWindow(main->winId()).toImage();
     };
-    for (int step = 0; step < 60; ++step) {
+    for (int step = 0; step < 150; ++step) {
         switch (number(0, 4)) {
         case 0:
             Scroll(number(0, 300), number(0, 300));
