@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The authors of the Torvak! level editor
 // SPDX-License-Identifier: MIT
 
+#include "dialogs/frmAbout.h"
 #include "support/EditorFixture.h"
 #include "support/PngBuilder.h"
 
@@ -25,13 +26,6 @@ class MainWindow : public test::EditorFixture {
         folders[u"full"_s].Write(u"level.cfg"_s, "[Map]\nNumItems=52\n");
     }
 
-    /// Opens a level of this size in a small window.
-    void OpenInSmallWindow(int width, int height) {
-        main->resize(500, 360);
-        MakeLevel(good, width, height);
-        Open(good);
-        QCoreApplication::processEvents();
-    }
     FormArea& Area() { return *main->findChild<FormArea*>(); }
     QScrollBar& Across() { return In<QScrollBar>(Area(), u"across"_s); }
     QScrollBar& Down() { return In<QScrollBar>(Area(), u"down"_s); }
@@ -152,6 +146,9 @@ TEST_F(MainWindow, NewKeepsTheSettingsAndWhatFailsIsToldAndChangesNothing) {
     EXPECT_EQ(In(main->levelSettings.Use(), u"txtJumper"_s).text(), u"1000"_s); // without Init
     EXPECT_EQ(asked.last(), u"Please select the destination folder"_s);
     EXPECT_EQ(asked.first(), u"Please select the level folder"_s);
+    view().curpoint = 0;
+    Do(u"accept l.png"_s);
+    EXPECT_EQ(view().curpoint, -1);
 }
 
 TEST_F(MainWindow, GraphicsAreFoundByEndingAndRefusedAsAWhole) {
@@ -257,7 +254,10 @@ TEST_F(MainWindow, TheMainWindowGrowsForALevelUntilTheUserHasSizedIt) {
 /// In a window of the user's size; what is asked is where a pixel of the level stands on the
 /// screen.
 TEST_F(MainWindow, ZoomingKeepsWhatOneLooksAtAndOpenBeginsAtTheTopLeft) {
-    OpenInSmallWindow(900, 700);
+    main->resize(500, 360);
+    MakeLevel(good, 900, 700);
+    Open(good);
+    QCoreApplication::processEvents();
     const QWidget* room = Area().viewport();
     EXPECT_TRUE(settings().isAncestorOf(room->childAt(settings().geometry().center())));
     const QPoint none, notch(0, -120);
@@ -277,7 +277,6 @@ TEST_F(MainWindow, ZoomingKeepsWhatOneLooksAtAndOpenBeginsAtTheTopLeft) {
     Down().triggerAction(QAbstractSlider::SliderSingleStepAdd);
     EXPECT_EQ(view().pos(), QPoint(0, -room->height()));
     EXPECT_EQ(Down().geometry().right(), Area().rect().right());
-    QTest::mouseDClick(&view(), Qt::LeftButton, {}, {9, 9}); // on the icon
     Scroll(Across().maximum(), Down().maximum());
     EXPECT_EQ(view().geometry().right() + 1, settings().x()); // beside it, not under it
     EXPECT_EQ(view().geometry().bottom(), room->rect().bottom());
@@ -311,6 +310,67 @@ TEST_F(MainWindow, ZoomingKeepsWhatOneLooksAtAndOpenBeginsAtTheTopLeft) {
     view().move(70, 60);
     Open(other);
     EXPECT_EQ(view().pos(), QPoint(0, 0));
+}
+
+/// Every control lies inside its parent, and each of the `captions` labels and buttons has room
+/// for its text.
+void ExpectNoCaptionIsClipped(const QWidget& form, int captions) {
+    for (QWidget* control : form.findChildren<QWidget*>()) {
+        EXPECT_TRUE(control->parentWidget()->rect().contains(control->geometry()));
+        const QString caption = control->property("text").toString();
+        if (caption.isEmpty() || qobject_cast<QLineEdit*>(control) != nullptr) {
+            continue;
+        }
+        QStyleOptionButton option;
+        option.initFrom(control);
+        const auto part = qobject_cast<QCheckBox*>(control)      ? QStyle::SE_CheckBoxContents
+                          : qobject_cast<QRadioButton*>(control) ? QStyle::SE_RadioButtonContents
+                                                                 : QStyle::SE_PushButtonContents;
+        const QRect room = qobject_cast<QLabel*>(control)
+                               ? control->rect()
+                               : control->style()->subElementRect(part, &option);
+        const int flags = control->property("wordWrap").toBool() ? Qt::TextWordWrap : 0;
+        const QRect needed = control->fontMetrics().boundingRect(room, flags, caption);
+        EXPECT_EQ(needed.size().expandedTo(room.size()), room.size()) << caption.toStdString();
+        --captions;
+    }
+    EXPECT_EQ(captions, 0) << "captions not seen";
+}
+
+TEST_F(MainWindow, ClipsNoCaptionInItsWindows) {
+    settings().show();
+    ExpectNoCaptionIsClipped(*settings().widget(), 25);
+    main->levelSettings.Use().show();
+    ExpectNoCaptionIsClipped(*main->levelSettings.Use().widget(), 12);
+    const frmAbout box(nullptr);
+    ExpectNoCaptionIsClipped(box, 5);
+    EXPECT_EQ(In<QLabel>(box, u"lblVersion"_s).text(), u"Version 0.30  "_s);
+}
+
+TEST_F(MainWindow, EnterEscAndAPassingWheelDoNothing) {
+    settings().show();
+    main->levelSettings.Use().show();
+    QObject::connect(&Setting("txtName"), &QLineEdit::returnPressed, main.get(),
+                     [] { ADD_FAILURE() << "Enter reached a text box"; });
+    for (QWidget* control : main->findChildren<QWidget*>()) {
+        if (control->focusPolicy() != Qt::NoFocus && qobject_cast<QMdiArea*>(control) == nullptr) {
+            for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+                QTest::keyClick(control, key);
+            }
+        }
+    }
+    EXPECT_TRUE(settings().isVisible() && main->levelSettings.Use().isVisible());
+    EXPECT_TRUE(asked.isEmpty());
+    auto& cmbType = Setting<QComboBox>("cmbType");
+    EXPECT_EQ(cmbType.focusPolicy(), Qt::StrongFocus); // the wheel does not bring the keyboard
+    Setting<QRadioButton>("optItems").click();
+    for (const int index : {0, 1}) {
+        QWheelEvent down({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&cmbType, &down);
+        EXPECT_EQ(down.isAccepted(), index == 1); // else the area scrolls with it
+        EXPECT_EQ(cmbType.currentIndex(), index);
+        cmbType.setFocus();
+    }
 }
 
 } // namespace

@@ -25,9 +25,9 @@ class PaintPoints : public testing::Test {
         image.Paint(reinterpret_cast<std::uint32_t*>(seen.bits()), 200, seen.rect());
     }
 
-    /// From the centre of a mark to the right: inside, rim, the wide rim of a selection, beyond.
+    /// From the centre of a mark downwards: inside, rim, the wide rim of a selection, beyond.
     [[nodiscard]] Colours Mark(int x, int y) const {
-        return {seen.pixel(x, y), seen.pixel(x + 2, y), seen.pixel(x + 3, y), seen.pixel(x + 4, y)};
+        return {seen.pixel(x, y), seen.pixel(x, y + 2), seen.pixel(x, y + 3), seen.pixel(x, y + 4)};
     }
 
     PersistentImage image;
