@@ -21,7 +21,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using enum EditingMode;
 
-constexpr int Steps = 10'000;
+constexpr int Steps = 20'000;
 constexpr int LevelSide = 60; // small, so that many entities are hit
 constexpr int Margin = 10;    // for positions outside the level
 
@@ -230,7 +230,7 @@ class Monkey : public test::EditorFixture {
 
     // To a quarter of a level pixel: about an entity, in the level, beside it, or anywhere.
     QPointF Position() {
-        if (const auto count = int(rules.Table().size()); count > 0 && Number(0, 1) == 0) {
+        if (const auto count = int(rules.Table().size()); count > 0 && Number(0, 3) > 0) {
             const ItemRec& item = rules.Table()[Number(0, count - 1)].item;
             return QPointF(item.PosX, item.PosY) + QPointF(Number(-20, 20), Number(-20, 20)) / 4;
         }
@@ -313,8 +313,11 @@ class Monkey : public test::EditorFixture {
     }
 
     void ChangeMode() {
-        const auto [option, mode] = OneOf<std::pair<const char*, EditingMode>>(
-            {{"optWaypoints", Waypoints}, {"optItems", Items}, {"optStart", StartPoints}});
+        const auto [option, mode] =
+            OneOf<std::pair<const char*, EditingMode>>({{"optWaypoints", Waypoints},
+                                                        {"optWaypoints", Waypoints},
+                                                        {"optItems", Items},
+                                                        {"optStart", StartPoints}});
         Setting<QRadioButton>(option).click();
         rules.SetMode(mode);
     }
@@ -354,6 +357,7 @@ class Monkey : public test::EditorFixture {
         level.NumStartPoints = level.NumItems = std::int16_t(OneOf({0, 5, MaxItems}));
         level.NumWayPoints = OneOf({0, 5, 9, MaxWayPoints}); // few are hit one by one
         for (WaypointRec& from : level.WayPoints) {
+            from.NumLinks = std::int16_t(OneOf({-1, 2, 3, 3, 4})); // often as many as can be made
             for (std::int16_t& target : from.LinkDest) { // also twice, and the waypoint itself
                 target = std::int16_t(std::abs(target % 8));
             }
