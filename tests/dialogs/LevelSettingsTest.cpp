@@ -3,12 +3,9 @@
 
 #include "support/EditorFixture.h"
 
-namespace editor {
-namespace {
+namespace editor::test {
 
-using namespace Qt::StringLiterals;
-
-class LevelDialog : public test::EditorFixture {
+class LevelDialog : public EditorFixture {
   protected:
     ~LevelDialog() override { QDir::setCurrent(QDir::rootPath()); }
 
@@ -22,7 +19,7 @@ auto Settings(auto& model) {
 }
 
 TEST_F(LevelDialog, AcceptGivesBackWhatF5ShowsWithTheForcesRoundedToEvenAndClamped) {
-    Open(test::LevelFolder());
+    Open(LevelFolder());
     for (const bool scrolls : {true, false}) {
         LevelModel model;
         Settings(model) = std::tuple(u"gfx\\1.png"_s, u"m.bmp"_s, u"\u00e4.png"_s, u"p"_s, scrolls,
@@ -76,7 +73,7 @@ TEST_F(LevelDialog, BrowsingStartsInTheCurrentDirectoryNamedAsTheLevelFolderIs) 
     const QTemporaryDir temporary;
     QDir root(temporary.path());
     ASSERT_TRUE(root.mkpath(u"real/gfx/far"_s) && root.mkdir(u"gone"_s));
-    if (!test::SymbolicLink(u"real"_s, root.filePath(u"link"_s))) {
+    if (!SymbolicLink(u"real"_s, root.filePath(u"link"_s))) {
         GTEST_SKIP() << "no symbolic links here";
     }
     const QString rows[][3] = {{u"link"_s, u"real"_s, u"link"_s}, // level, current, start
@@ -92,5 +89,4 @@ TEST_F(LevelDialog, BrowsingStartsInTheCurrentDirectoryNamedAsTheLevelFolderIs) 
     }
 }
 
-} // namespace
-} // namespace editor
+} // namespace editor::test

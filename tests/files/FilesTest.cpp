@@ -11,11 +11,7 @@
 #include <gtest/gtest.h>
 #include <numeric>
 
-namespace editor {
-namespace {
-
-using namespace Qt::StringLiterals;
-using namespace test;
+namespace editor::test {
 
 TEST(FindInFolder, PrefersTheExactNameAndIgnoresLetterCaseOtherwise) {
     LevelFolder folder;
@@ -65,5 +61,4 @@ TEST(OpenRegularFile, OpensNothingThatMayWaitForEver) {
     }
 }
 
-} // namespace
-} // namespace editor
+} // namespace editor::test

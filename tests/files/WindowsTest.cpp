@@ -14,11 +14,7 @@
 #undef GetPrivateProfileInt
 #undef ReplaceFile
 
-namespace editor {
-namespace {
-
-using namespace Qt::StringLiterals;
-using test::LevelFolder;
+namespace editor::test {
 
 TEST(PrivateProfile, LooksUpWhatTheSystemsOwnCallsDo) {
     // A section's name that has a "]" in it is the one in which they differ.
@@ -83,5 +79,4 @@ TEST(ReplaceFile, KeepsAttributesAndTellsWhatStandsInItsWayAlsoWithLongAndForeig
     }
 }
 
-} // namespace
-} // namespace editor
+} // namespace editor::test

@@ -12,11 +12,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-namespace editor {
-namespace {
-
-using namespace Qt::StringLiterals;
-using namespace test;
+namespace editor::test {
 
 class LevelFiles : public testing::Test {
   protected:
@@ -47,11 +43,11 @@ TEST_F(LevelFiles, EveryLineIsWrittenAsItsRuleSays) {
     mdlEdit.KickerForce = 43000;
     mdlEdit.NumStartPoints = mdlEdit.NumItems = 2;
     mdlEdit.StartPoints[0] = {120, 340};
-    mdlEdit.Items[0] = {-1, 2, KickerPad, -1, u"Gr\u00fc\u00df\u20ac"_s, 1, 2, 3, 4};
-    mdlEdit.Items[1] = {200, 310, 77, 1, {}, 600, 500, 50, 0};
+    mdlEdit.Items = {{{-1, 2, KickerPad, -1, u"Gr\u00fc\u00df\u20ac"_s, 1, 2, 3, 4},
+                      {200, 310, 77, 1, {}, 600, 500, 50, 0}}};
     mdlEdit.NumWayPoints = 2;
-    mdlEdit.WayPoints[0] = {-5, 6, 3, {7, 8, 9, 10, 11}, {0, 1, 2, 3, 4}, 4};
-    mdlEdit.WayPoints[1] = {160, 300, 0, {}, {}, -1};
+    mdlEdit.WayPoints = {
+        {{-5, 6, 3, {7, 8, 9, 10, 11}, {0, 1, 2, 3, 4}, 4}, {160, 300, 0, {}, {}, -1}}};
     ASSERT_EQ(Save(), QString());
     EXPECT_EQ(folder.Read(LevelCfg),
               CrLf("[Map]\nBack=back.png\nLevel=level.png\nMaterial=mat.png\n"
@@ -82,7 +78,7 @@ TEST_F(LevelFiles, AnyLevelReadsBackAsItWasWritten) {
     }
 }
 
-TEST_F(LevelFiles, AnEmptyFolderReadsAsAnEmptyLevelAndNegativeCountsAsNone) {
+TEST_F(LevelFiles, WhatIsMissingTakesItsDefaultAndNegativeCountsAreNone) {
     std::mt19937 random(1);
     mdlEdit = RandomLevel(random);
     mdlEdit.LevelPath = folder.Path();
@@ -90,30 +86,26 @@ TEST_F(LevelFiles, AnEmptyFolderReadsAsAnEmptyLevelAndNegativeCountsAsNone) {
     const ItemRec leftover = mdlEdit.Items[2];
     ASSERT_EQ(Load(), QString());
     EXPECT_EQ(Text(mdlEdit), Text({}));
-    EXPECT_EQ(mdlEdit.Items[2], leftover);
-    EXPECT_EQ(mdlEdit.Zoom, 4);
-    ASSERT_EQ(Load("[Map]\nNumItems=-2\nNumStartPoints=-3", "[Map]\nNumWayPoints=-70000"),
-              QString());
-    ASSERT_EQ(Save(), QString());
-    EXPECT_EQ(folder.Read(LevelCfg) + folder.Read(WaypointCfg),
-              CrLf("[Map]\nBack=\nLevel=\nMaterial=\n\nNumItems=-2\n\n\nNumStartPoints=-3\n\n"
-                   "[Physics]\n\n[Map]\nNumWayPoints=-70000\n\n"));
-}
-
-TEST_F(LevelFiles, MissingKeysTakeTheirDefaults) {
+    EXPECT_EQ(std::pair(mdlEdit.Items[2], mdlEdit.Zoom), std::pair(leftover, 4.F));
     ASSERT_EQ(Load("[Map]\nNumItems=2\nNumStartPoints=2\nStartX1=5\nPScroll=2\n[Item.0]\nType=3\n["
                    "Item.1]\nPosX=-32768\nPosY=32767\n",
                    "[Map]\nNumWayPoints=3\n[Point.0]\nLink0.Dest=4\nLink2.Dest=5\n[Point.1]\n"
                    "Link0.Dest=1\nLink1.Dest=-2\nLink2.Dest=3\nLink3.Dest=4\nLink4.Dest=5\n"
                    "Link4.Flags=2\nLink5.Dest=6\n"),
               QString());
-    EXPECT_EQ(mdlEdit.Items[0], (ItemRec{10, 10, Domination, 1, {}, 600, 500, 50, 0}));
-    EXPECT_EQ(mdlEdit.Items[1], (ItemRec{-32768, 32767, Medikit, 1, {}, 600, 500, 50, 0}));
-    EXPECT_EQ(mdlEdit.StartPoints[1], (StartPointRec{5, 0}));
-    EXPECT_FALSE(mdlEdit.ParallaxScroll);
-    EXPECT_EQ(mdlEdit.WayPoints[0], (WaypointRec{0, 0, 0, {4}, {}, 0}));
-    EXPECT_EQ(mdlEdit.WayPoints[1], (WaypointRec{0, 0, 0, {1, -2, 3, 4, 5}, {0, 0, 0, 0, 2}, 4}));
-    EXPECT_EQ(mdlEdit.WayPoints[2].NumLinks, -1);
+    EXPECT_EQ(
+        Text(mdlEdit),
+        CrLf("[Map]\nBack=\nLevel=\nMaterial=\n\nNumItems=2\n\n\nNumStartPoints=2\nStartX0=0\n"
+             "StartY0=0\n\nStartX1=5\nStartY1=0\n\n\n[Physics]\n\n[Item.0]\nType=3\nPosX=10\n"
+             "PosY=10\nAmount=1\n\n[Item.1]\nType=0\nPosX=-32768\nPosY=32767\nAmount=1\n\n"
+             "[Map]\nNumWayPoints=3\n\n[Point.0]\nX=0\nY=0\nLink0.Dest=4\n\n[Point.1]\nX=0\nY=0\n"
+             "Link0.Dest=1\nLink1.Dest=-2\nLink2.Dest=3\nLink3.Dest=4\nLink4.Dest=5\n"
+             "Link4.Flags=2\n\n[Point.2]\nX=0\nY=0\n\n"));
+    ASSERT_EQ(Load("[Map]\nNumItems=-2\nNumStartPoints=-3", "[Map]\nNumWayPoints=-70000"),
+              QString());
+    EXPECT_EQ(Text(mdlEdit),
+              CrLf("[Map]\nBack=\nLevel=\nMaterial=\n\nNumItems=-2\n\n\nNumStartPoints=-3"
+                   "\n\n[Physics]\n\n[Map]\nNumWayPoints=-70000\n\n"));
 }
 
 // What the game's platform makes of lines that the editor itself never writes.
@@ -260,5 +252,4 @@ TEST(FieldValue, IsTheNumberThatATextBeginsWith) {
     EXPECT_EQ(FieldValue(u"12"_s + QChar(0xD800)), 12);
 }
 
-} // namespace
-} // namespace editor
+} // namespace editor::test

@@ -17,8 +17,6 @@
 
 namespace editor::test {
 
-using namespace Qt::StringLiterals;
-
 /// Starts every test from a fresh editor: an empty model and the main window. What the choosers ask
 /// is recorded and answered by the test; messages are recorded and closed at once.
 class EditorFixture : public testing::Test {

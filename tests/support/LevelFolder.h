@@ -14,6 +14,8 @@
 
 namespace editor::test {
 
+using namespace Qt::StringLiterals;
+
 const QString LevelCfg = QStringLiteral("level.cfg");
 const QString WaypointCfg = QStringLiteral("waypoint.cfg");
 
