@@ -86,11 +86,7 @@ ssize_t write(int fd, const void* bytes, std::size_t count) {
 }
 // NOLINTEND(bugprone-reserved-identifier)
 
-namespace editor {
-namespace {
-
-using namespace Qt::StringLiterals;
-using namespace test;
+namespace editor::test {
 
 /// Saves a level over another one, again and again.
 class SaveFaults : public testing::TestWithParam<bool> {
@@ -202,5 +198,4 @@ INSTANTIATE_TEST_SUITE_P(Folders, SaveFaults, testing::Bool(), [](const auto& fo
     return folders.param ? "OverOldFiles" : "IntoAnEmptyFolder";
 });
 
-} // namespace
-} // namespace editor
+} // namespace editor::test
