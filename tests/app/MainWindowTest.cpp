@@ -8,13 +8,9 @@
 #include <map>
 #include <random>
 
-namespace editor {
-namespace {
+namespace editor::test {
 
-using test::LevelFolder;
-using namespace Qt::StringLiterals;
-
-class MainWindow : public test::EditorFixture {
+class MainWindow : public EditorFixture {
   protected:
     MainWindow() {
         MakeLevel(good, 40, 30,
@@ -156,7 +152,7 @@ TEST_F(MainWindow, GraphicsAreFoundByEndingAndRefusedAsAWhole) {
     picture.save(good.Path(u"Level.Bmp"_s), "BMP");
     picture.save(good.Path(u"a-png.gif"_s), "PNG");
     picture.save(good.Path(u"png.bmp"_s), "PNG");
-    test::SymbolicLink(u"/dev/zero"_s, good.Path(u"zero.png"_s));
+    SymbolicLink(u"/dev/zero"_s, good.Path(u"zero.png"_s));
     const HeaderRec wide = Header(32768, 1, 8, Greyscale);
     WriteFile(good.Path(u"wide.png"_s).toStdString(),
               PngOf(wide, Filtered(wide, NoiseRows(wide, 1), {0})));
@@ -373,5 +369,4 @@ TEST_F(MainWindow, EnterEscAndAPassingWheelDoNothing) {
     }
 }
 
-} // namespace
-} // namespace editor
+} // namespace editor::test

@@ -15,10 +15,8 @@
 #include <map>
 #include <random>
 
-namespace editor {
-namespace {
+namespace editor::test {
 
-using namespace Qt::StringLiterals;
 using enum EditingMode;
 
 constexpr int Steps = 20'000;
@@ -213,7 +211,7 @@ struct Rules {
     static int Capacity(EditingMode mode) { return mode == Waypoints ? 201 : 51; }
 };
 
-class Monkey : public test::EditorFixture {
+class Monkey : public EditorFixture {
   protected:
     Monkey() {
         MakeLevel(folder, LevelSide, LevelSide);
@@ -351,7 +349,7 @@ class Monkey : public test::EditorFixture {
     }
 
     LevelModel AnyLevel() {
-        LevelModel level = test::RandomLevel(random);
+        LevelModel level = RandomLevel(random);
         level.LevelPath = mdlEdit.LevelPath;
         level.LevelFile = level.BackFile = level.MaterialFile = u"l.png"_s;
         level.NumStartPoints = level.NumItems = std::int16_t(OneOf({0, 5, MaxItems}));
@@ -372,7 +370,7 @@ class Monkey : public test::EditorFixture {
     }
 
     void ExpectWhatTheRulesSay() {
-        ASSERT_TRUE(Entities(mdlEdit) == rules.tables) << test::Text(mdlEdit).toStdString();
+        ASSERT_TRUE(Entities(mdlEdit) == rules.tables) << Text(mdlEdit).toStdString();
         ASSERT_EQ(view().curpoint, rules.selected);
         ASSERT_EQ(std::exchange(messages, {}), std::exchange(rules.told, {}));
         ASSERT_EQ(settings().ShownItem(), rules.Settings());
@@ -395,7 +393,7 @@ class Monkey : public test::EditorFixture {
         ASSERT_EQ(Drawn(view().Image()), Drawn(image));
     }
 
-    test::LevelFolder folder;
+    LevelFolder folder;
     std::mt19937 random;
     Rules rules;
 };
@@ -419,5 +417,4 @@ TEST_F(Monkey, LeavesTheLevelThatTheRulesSayWhateverItDoes) {
     }
 }
 
-} // namespace
-} // namespace editor
+} // namespace editor::test

@@ -7,8 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace editor {
-namespace {
+namespace editor::test {
 
 constexpr std::uint32_t Ground = 0xff123456, White = 0xffffffff, Black = 0xff000000,
                         Blue = 0xff0000ff, Magenta = 0xffff00ff, Cyan = 0xff00ffff;
@@ -98,5 +97,4 @@ TEST_F(PaintPoints, MarksKeepTheirSizeAtEveryZoomAndOddLinksAndSelectionsCountFo
     }
 }
 
-} // namespace
-} // namespace editor
+} // namespace editor::test

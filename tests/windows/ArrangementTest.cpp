@@ -8,8 +8,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
-namespace editor {
-namespace {
+namespace editor::test {
 
 constexpr int Bar = 16;
 
@@ -150,5 +149,4 @@ TEST(MoveTo, KeepsTheDistanceFromTheNearerSideAndScrollsBeyondTheEdge) {
     }
 }
 
-} // namespace
-} // namespace editor
+} // namespace editor::test

@@ -13,8 +13,7 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
-namespace editor {
-namespace {
+namespace editor::test {
 
 using namespace Qt::StringLiterals;
 
@@ -106,5 +105,4 @@ TEST_F(PlatformDialogs, AnyFaceIsMadeToFit) {
         57);
 }
 
-} // namespace
-} // namespace editor
+} // namespace editor::test
