@@ -25,7 +25,12 @@ std::optional<QString> Below(const QString& folder, const QString& path) {
 } // namespace
 
 QString ShowOpenDialog(QWidget* owner, const QString& initialFolder, const QString& filter) {
-    return choosers().openFileName(owner, QStringLiteral("Open File"), initialFolder, filter);
+    QString chosen =
+        choosers().openFileName(owner, QStringLiteral("Open File"), initialFolder, filter);
+    if (!chosen.isEmpty()) {
+        QDir::setCurrent(QFileInfo(chosen).path());
+    }
+    return chosen;
 }
 
 QString BrowseStartFolder() {

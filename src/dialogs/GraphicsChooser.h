@@ -11,7 +11,8 @@ class QWidget;
 
 namespace editor {
 
-/// choosers().openFileName in a dialog titled "Open File".
+/// choosers().openFileName in a dialog titled "Open File". The folder of a chosen file becomes the
+/// process's current directory.
 [[nodiscard]] QString ShowOpenDialog(QWidget* owner, const QString& initialFolder,
                                      const QString& filter);
 

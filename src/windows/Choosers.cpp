@@ -110,11 +110,7 @@ QString OpenFileName(QWidget* owner, const QString& title, const QString& initia
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::HideNameFilterDetails); // shows the labels as they are
     dialog.setNameFilters(NameFilters(filter));
-    QString chosen = dialog.Run();
-    if (!chosen.isEmpty()) {
-        QDir::setCurrent(QFileInfo(chosen).path());
-    }
-    return chosen;
+    return dialog.Run();
 }
 
 } // namespace

@@ -21,8 +21,7 @@ struct Choosers {
     /// Lets the user choose a file or type the name of one that need not exist. `filter` is a list
     /// of label and pattern pairs, every label and pattern followed by "|"; the first pair is
     /// preselected and patterns match any letter case. The result is the absolute, clean path, or
-    /// empty when the user cancels. The folder of a chosen file becomes the process's current
-    /// directory.
+    /// empty when the user cancels.
     std::function<QString(QWidget* owner, const QString& title, const QString& initialFolder,
                           const QString& filter)>
         openFileName;

@@ -4,7 +4,6 @@
 #include "windows/Choosers.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 #include <QWidget>
 
@@ -96,11 +95,7 @@ QString OpenFileName(QWidget* owner, const QString& title, const QString& initia
                      const QString& filter) {
     Chooser chooser(title, initialFolder, {});
     chooser.Offer(filter);
-    QString chosen = chooser.Run(owner);
-    if (!chosen.isEmpty()) {
-        QDir::setCurrent(QFileInfo(chosen).path());
-    }
-    return chosen;
+    return chooser.Run(owner);
 }
 
 } // namespace

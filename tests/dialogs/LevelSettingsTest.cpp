@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/EditorFixture.h"
+#include "support/Models.h"
 
 namespace editor::test {
+
+const QStringList Refusal = {u"Graphics must be in the same directory as the rest of the level."_s};
 
 class LevelDialog : public EditorFixture {
   protected:
@@ -13,22 +16,18 @@ class LevelDialog : public EditorFixture {
     void Click(const QString& name) { In<QPushButton>(main->levelSettings.Use(), name).click(); }
 };
 
-auto Settings(auto& model) {
-    return std::tie(model.LevelFile, model.MaterialFile, model.BackFile, model.ParallaxFile,
-                    model.ParallaxScroll, model.JumperForce, model.KickerForce);
-}
-
 TEST_F(LevelDialog, AcceptGivesBackWhatF5ShowsWithTheForcesRoundedToEvenAndClamped) {
     Open(LevelFolder());
-    for (const bool scrolls : {true, false}) {
-        LevelModel model;
-        Settings(model) = std::tuple(u"gfx\\1.png"_s, u"m.bmp"_s, u"\u00e4.png"_s, u"p"_s, scrolls,
-                                     -2147483647, 7);
-        mdlEdit = model;
+    std::mt19937 random(7);
+    for (int i = 0; i < 9; ++i) {
+        LevelModel level = RandomLevel(random);
+        level.NumStartPoints = level.NumItems = 0;
+        level.NumWayPoints = 0;
+        mdlEdit = level;
         Type(u"F5"_s);
         mdlEdit = {};
         Click(u"cmdOK"_s);
-        EXPECT_EQ(Settings(mdlEdit), Settings(model));
+        EXPECT_EQ(Text(mdlEdit), Text(level));
     }
     for (const auto& [text, force, opposite] : {std::tuple{u"12.5 N"_s, 12, -12},
                                                 {u"3.5"_s, 4, -4},
@@ -42,50 +41,37 @@ TEST_F(LevelDialog, AcceptGivesBackWhatF5ShowsWithTheForcesRoundedToEvenAndClamp
     EXPECT_EQ(Box(u"txtJumper"_s).text() + Box(u"txtKicker"_s).text(), u"100043000"_s);
 }
 
-TEST_F(LevelDialog, BrowsingTakesFilesOfTheLevelFolderOnly) {
-    const QString castle = u"/Levels/Castle"_s;
-    const QString rows[][3] = {// level path, chosen, text (none: refused)
-                               {castle, castle + u"/back.png"_s, u"back.png"_s},
-                               {castle, castle + u"/gfx/far/back.png"_s, u"gfx\\far\\back.png"_s},
-                               {u"/"_s, u"/back.png"_s, u"back.png"_s},
-                               {castle, castle + u"2/a.png"_s, {}},
-                               {castle, castle.toLower() + u"/back.png"_s, {}},
-                               {castle, castle, {}},
-                               {{}, u"/back.png"_s, {}},
-                               {castle, {}, u"as it was"_s}}; // cancelled
-    for (const auto& [levelPath, chosen, text] : rows) {
-        mdlEdit.LevelPath = levelPath;
-        answer = chosen;
-        for (const QString& name : {u"BG"_s, u"Lev"_s, u"Mat"_s, u"Par"_s}) {
-            messages.clear();
-            Box(u"txt"_s + name).setText(u"as it was"_s);
-            Click(u"cmd"_s + name);
-            EXPECT_EQ(Box(u"txt"_s + name).text(), text.isNull() ? u"as it was"_s : text);
-            EXPECT_EQ(messages.join(u'|'),
-                      text.isNull() ? u"Graphics must be in the same directory as the rest of "
-                                      "the level."_s
-                                    : QString());
-        }
-    }
-}
-
-TEST_F(LevelDialog, BrowsingStartsInTheCurrentDirectoryNamedAsTheLevelFolderIs) {
+TEST_F(LevelDialog, BrowsingTakesFilesOfTheLevelFolderOnlyAndGoesOnWhereItWas) {
     const QTemporaryDir temporary;
     QDir root(temporary.path());
-    ASSERT_TRUE(root.mkpath(u"real/gfx/far"_s) && root.mkdir(u"gone"_s));
-    if (!SymbolicLink(u"real"_s, root.filePath(u"link"_s))) {
-        GTEST_SKIP() << "no symbolic links here";
-    }
-    const QString rows[][3] = {{u"link"_s, u"real"_s, u"link"_s}, // level, current, start
-                               {u"link"_s, u"link/gfx"_s, u"link/gfx"_s},
-                               {u"real/gfx"_s, u"real"_s, u"real"_s},
-                               {u"real"_s, u"gone"_s, u"real"_s}};
-    for (const auto& [level, current, start] : rows) {
-        mdlEdit.LevelPath = root.filePath(level);
-        ASSERT_TRUE(QDir::setCurrent(root.filePath(current)));
-        EXPECT_EQ(root.rmdir(current), current == u"gone"_s);
+    ASSERT_TRUE(root.mkpath(u"real/gfx"_s) && root.mkdir(u"gone"_s));
+    mdlEdit.LevelPath = root.path();
+    if (QDir::setCurrent(root.filePath(u"gone"_s)) && root.rmdir(u"gone"_s)) {
         Click(u"cmdBG"_s);
-        EXPECT_EQ(asked.last(), root.filePath(start));
+        EXPECT_EQ(asked.last(), root.path());
+    }
+    const QString real = root.filePath(u"real"_s), link = root.filePath(u"link"_s);
+    const QString level = SymbolicLink(real, link) ? link : real;
+    const QString rows[][4] = {// level, chosen, text (none: refused), where it goes on
+                               {level, level + u"/a.png"_s, u"a.png"_s, level},
+                               {level, level + u"/gfx/a.png"_s, u"gfx\\a.png"_s, level + u"/gfx"_s},
+                               {real + u"/gfx"_s, real + u"/gfx2.png"_s, {}, real},
+                               {real + u"/gfx"_s, real + u"/gfx"_s, {}, real},
+                               {real + u"/none"_s, real + u"/NONE/a.png"_s, {}, real},
+                               {u"/"_s, u"/a.png"_s, u"a.png"_s, u"/"_s},
+                               {{}, u"/a.png"_s, {}, QDir::rootPath()}};
+    for (const auto& [path, chosen, text, next] : rows) {
+        mdlEdit.LevelPath = path;
+        for (const QString& name : {u"BG"_s, u"Lev"_s, u"Mat"_s, u"Par"_s}) {
+            Box(u"txt"_s + name).clear();
+            for (const QString& given : {chosen, QString()}) { // then it is cancelled
+                answer = given;
+                Click(u"cmd"_s + name);
+                EXPECT_EQ(Box(u"txt"_s + name).text(), text);
+            }
+            EXPECT_EQ(asked.last(), next);
+            EXPECT_EQ(std::exchange(messages, {}), text.isNull() ? Refusal : QStringList());
+        }
     }
 }
 

@@ -8,7 +8,6 @@
 #include "model/FieldValue.h"
 #include "support/EditorFixture.h"
 #include "support/Models.h"
-#include "view/PaintPoints.h"
 
 #include <cmath>
 #include <iostream>
@@ -23,12 +22,22 @@ constexpr int Steps = 20'000;
 constexpr int LevelSide = 60; // small, so that many entities are hit
 constexpr int Margin = 10;    // for positions outside the level
 
+constexpr QRgb Black = 0xff000000, White = 0xffffffff, Blue = 0xff0000ff, Magenta = 0xffff00ff;
+const QList<QRgb> ItemColours = {Black, 0xff000080, 0xff008000, 0xff008080, 0xff800000};
+const QList<QRgb> LinkColours = {White, 0xff00ffff, 0xffc0c0c0, 0xff008080};
+
+/// Halves go to the even number.
+int Rounded(double value, double largest) {
+    return std::isnan(value) ? 0 : int(std::clamp(std::rint(value), -largest - 1, largest));
+}
+
 /// An entity of any kind.
 struct Entity {
     ItemRec item; // the position of any entity, and the settings of an item
     std::int16_t flags = 0;
     QList<std::pair<int, std::int16_t>> links = {}; // each one's target and flags
 
+    [[nodiscard]] QPointF Position() const { return {qreal(item.PosX), qreal(item.PosY)}; }
     bool operator==(const Entity&) const = default;
 };
 
@@ -63,6 +72,7 @@ struct Rules {
     bool reload = false, jump = false, rope = false;
     std::optional<std::pair<QPointF, QPointF>> band = {}; // until the next repaint
     QStringList told = {};
+    Qt::MouseButtons held = {}, dropped = {}; // held too, but by a gesture that has ended
 
     QList<Entity>& Table() { return tables[mode]; }
     Entity& Selected() { return Table()[selected]; }
@@ -75,7 +85,7 @@ struct Rules {
     QList<int> Hits(const QPointF& at) {
         QList<int> hits;
         for (int i = 0; i < Table().size(); ++i) {
-            const QPointF off = at - QPointF(Table()[i].item.PosX, Table()[i].item.PosY);
+            const QPointF off = at - Table()[i].Position();
             if (std::abs(off.x()) < 4 && std::abs(off.y()) < 4) {
                 hits += i;
             }
@@ -84,9 +94,25 @@ struct Rules {
     }
 
     void Mouse(QEvent::Type type, Qt::MouseButtons buttons, const QPointF& at) {
-        type == QEvent::MouseMove            ? Move(buttons, at)
-        : type == QEvent::MouseButtonRelease ? Release(buttons, at)
-                                             : Press(buttons, at);
+        if (type == QEvent::MouseMove) {
+            dropped &= buttons;
+            Move(dropped ? Qt::NoButton : buttons, at);
+        } else if (type == QEvent::MouseButtonRelease) {
+            Release(buttons & ~dropped, at);
+            held &= ~buttons;
+            dropped &= ~buttons;
+        } else {
+            held |= buttons;
+            dropped &= ~buttons;
+            Press(buttons, at);
+        }
+    }
+
+    void Drop() {
+        dropped |= std::exchange(held, {});
+        if (dropped) {
+            band.reset();
+        }
     }
 
     void Press(Qt::MouseButtons button, const QPointF& at) {
@@ -110,22 +136,18 @@ struct Rules {
     }
 
     void Place(const QPointF& at) {
-        const auto rounded = [](double value) { // halves to even
-            return std::isnan(value) ? std::int16_t{0}
-                                     : std::int16_t(std::clamp(std::rint(value), -32768., 32767.));
-        };
-        Selected().item.PosX = rounded(at.x());
-        Selected().item.PosY = rounded(at.y());
+        Selected().item.PosX = std::int16_t(Rounded(at.x(), INT16_MAX));
+        Selected().item.PosY = std::int16_t(Rounded(at.y(), INT16_MAX));
         band.reset();
     }
 
-    void Move(Qt::MouseButtons held, const QPointF& at) {
-        if (held == Qt::LeftButton && selected >= 0) {
+    void Move(Qt::MouseButtons buttons, const QPointF& at) {
+        if (buttons == Qt::LeftButton && selected >= 0) {
             Place(at);
-        } else if (held == Qt::RightButton && mode == Waypoints) {
+        } else if (buttons == Qt::RightButton && mode == Waypoints) {
             band.reset();
             if (selected >= 0) {
-                band = {QPointF(Selected().item.PosX, Selected().item.PosY), at};
+                band = {Selected().Position(), at};
             }
         }
     }
@@ -208,6 +230,34 @@ struct Rules {
         return item;
     }
 
+    [[nodiscard]] QPoint ViewPixel(const QPointF& at) const {
+        return {Rounded(at.x() * zoom, INT32_MAX), Rounded(at.y() * zoom, INT32_MAX)};
+    }
+
+    /// Draws the entities of the mode and, wide, the selected one once more.
+    void Paint(PersistentImage& image) {
+        for (int i = 0; i < Table().size() + (selected >= 0 ? 1 : 0); ++i) {
+            const bool wide = i == Table().size();
+            const Entity& entity = wide ? Selected() : Table()[i];
+            const QPoint at = ViewPixel(entity.Position());
+            image.SetLineWidth(wide ? 3 : 1);
+            image.SetLineStyle(wide ? LineStyle::Solid : LineStyle::Dotted);
+            image.SetFillColour(mode == Items ? ItemColours.value(entity.item.Type, Magenta)
+                                : mode == Waypoints && (wide || entity.flags != 0) ? White
+                                                                                   : Black);
+            image.Circle(at, mode != Waypoints ? White : wide ? Black : Blue);
+            for (const auto& [target, flags] : entity.links) {
+                if (target >= 0 && target < Table().size()) {
+                    const QPoint to = ViewPixel(Table()[target].Position());
+                    image.Line(at, to, LinkColours.value(flags, Magenta));
+                }
+            }
+        }
+        if (band) { // with the pen of the selected one
+            image.Line(ViewPixel(band->first), ViewPixel(band->second), Black);
+        }
+    }
+
     static int Capacity(EditingMode mode) { return mode == Waypoints ? 201 : 51; }
 };
 
@@ -229,8 +279,8 @@ class Monkey : public EditorFixture {
     // To a quarter of a level pixel: about an entity, in the level, beside it, or anywhere.
     QPointF Position() {
         if (const auto count = int(rules.Table().size()); count > 0 && Number(0, 3) > 0) {
-            const ItemRec& item = rules.Table()[Number(0, count - 1)].item;
-            return QPointF(item.PosX, item.PosY) + QPointF(Number(-20, 20), Number(-20, 20)) / 4;
+            return rules.Table()[Number(0, count - 1)].Position() +
+                   QPointF(Number(-20, 20), Number(-20, 20)) / 4;
         }
         const auto coordinate = [this] {
             return Number(0, 99) > 0 ? Number(-Margin * 4, (LevelSide + Margin) * 4) / 4.
@@ -246,6 +296,11 @@ class Monkey : public EditorFixture {
 
     // Mouse events that need not belong together.
     void UseMouse() {
+        if (Number(0, 99) == 0) { // the user leaves the program
+            QEvent left(QEvent::WindowDeactivate);
+            QApplication::sendEvent(view().widget(), &left);
+            rules.Drop();
+        }
         const auto type = OneOf({QEvent::MouseMove, QEvent::MouseButtonRelease,
                                  QEvent::MouseButtonPress, QEvent::MouseButtonDblClick});
         const int move = OneOf({1, 2, Number(0, 7)}), other = OneOf({1, 2, 4});
@@ -325,9 +380,17 @@ class Monkey : public EditorFixture {
             settings().close();
             Key(Qt::Key_Backspace); // any event of the view makes the settings anew
             EXPECT_FALSE(settings().isVisible());
-            rules = {.tables = rules.tables, .zoom = rules.zoom};
-        } else {
+            rules = {.tables = rules.tables,
+                     .zoom = rules.zoom,
+                     .held = rules.held,
+                     .dropped = rules.dropped};
+        } else if (Number(0, 1) == 0) {
             view().close();
+            Type(u"F7"_s);
+            rules.held = rules.dropped = {};
+        } else {
+            Type(u"F7"_s);
+            rules.Drop();
             Type(u"F7"_s);
         }
         DeleteClosed();
@@ -352,12 +415,12 @@ class Monkey : public EditorFixture {
         LevelModel level = RandomLevel(random);
         level.LevelPath = mdlEdit.LevelPath;
         level.LevelFile = level.BackFile = level.MaterialFile = u"l.png"_s;
-        level.NumStartPoints = level.NumItems = std::int16_t(OneOf({0, 5, MaxItems}));
+        level.NumStartPoints = level.NumItems = std::int16_t(OneOf({-1, 5, MaxItems}));
         level.NumWayPoints = OneOf({0, 5, 9, MaxWayPoints}); // few are hit one by one
         for (WaypointRec& from : level.WayPoints) {
             from.NumLinks = std::int16_t(OneOf({-1, 2, 3, 3, 4})); // often as many as can be made
-            for (std::int16_t& target : from.LinkDest) { // also twice, and the waypoint itself
-                target = std::int16_t(std::abs(target % 8));
+            for (std::int16_t& target : from.LinkDest) { // also twice, the waypoint itself, or none
+                target = std::int16_t(OneOf({-2, Number(0, 8), Number(0, 8)}));
             }
         }
         return level;
@@ -383,13 +446,7 @@ class Monkey : public EditorFixture {
         ASSERT_EQ(view().ClientSize(), QSize(LevelSide, LevelSide) * rules.zoom);
         PersistentImage image;
         image.SetBackground(mdlEdit.LevelPicture, view().ClientSize());
-        PaintEntities(image, mdlEdit, rules.mode, rules.selected);
-        if (rules.band) {
-            const auto [from, to] =
-                std::pair(rules.band->first * rules.zoom, rules.band->second * rules.zoom);
-            image.Line(ViewPixel(float(from.x()), float(from.y())),
-                       ViewPixel(float(to.x()), float(to.y())), 0xff000000);
-        }
+        rules.Paint(image);
         ASSERT_EQ(Drawn(view().Image()), Drawn(image));
     }
 
