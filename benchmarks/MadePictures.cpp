@@ -109,16 +109,40 @@ void AppendPixel(Bytes& row, const HeaderRec& header, const Colour& colour, doub
     }
 }
 
-// Two rows under one another, the last of which is to be filtered.
+// What filter type `filter` predicts from the bytes a (left), b (above) and c (above left), written
+// as in the W3C PNG text.
+int Predicted(std::uint8_t filter, int a, int b, int c) {
+    const int p = a + b - c;
+    const int pa = std::abs(p - a);
+    const int pb = std::abs(p - b);
+    const int pc = std::abs(p - c);
+    if (filter != 4) {
+        return filter == 1 ? a : filter == 2 ? b : filter == 3 ? (a + b) / 2 : 0;
+    }
+    return pa <= pb && pa <= pc ? a : pb <= pc ? b : c;
+}
+
+// The row behind its filter-type byte; `previous` is the row above.
+Bytes Filtered(const HeaderRec& header, std::uint8_t filter, const Bytes& previous,
+               const Bytes& row) {
+    const auto back = static_cast<std::size_t>(BytesPerPixel(header));
+    Bytes filtered = {filter};
+    filtered.reserve(row.size() + 1);
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        const int a = i < back ? 0 : row[i - back];
+        const int c = i < back ? 0 : previous[i - back];
+        filtered.push_back(
+            static_cast<std::uint8_t>(row[i] - Predicted(filter, a, previous[i], c)));
+    }
+    return filtered;
+}
+
 Bytes BestFiltered(const HeaderRec& header, const Bytes& previous, const Bytes& row) {
     Bytes best;
     long least = 0;
-    HeaderRec twoRows = header;
-    twoRows.Height = 2;
     const std::uint8_t filters = header.ColorType == PaletteIndex ? 1 : 5;
     for (std::uint8_t filter = 0; filter < filters; ++filter) {
-        Bytes tried = Filtered(twoRows, Join({previous, row}), {0, filter});
-        tried.erase(tried.begin(), tried.begin() + static_cast<std::ptrdiff_t>(row.size()) + 1);
+        Bytes tried = Filtered(header, filter, previous, row);
         long sum = 0;
         for (std::size_t i = 1; i < tried.size(); ++i) {
             sum += std::abs(static_cast<std::int8_t>(tried[i]));
@@ -216,7 +240,7 @@ std::vector<MadePicture> MakePictures(std::int32_t width, std::int32_t height,
             const std::string name = std::to_string(width) + "x" + std::to_string(height) + "-" +
                                      kind.name + "-" + content + ".png";
             pictures.push_back(
-                {kind.name, content, Header(width, height, kind.depth, kind.type), folder / name});
+                {kind.name, content, {width, height, kind.depth, kind.type}, folder / name});
         }
     }
     for (const char* content : {"flat", "photo"}) {

@@ -64,7 +64,7 @@ Bytes Cook(const PngRecipe& recipe, std::span<const std::uint8_t> rest) {
         {GreyscaleAlpha, 16}, {TruecolourAlpha, 8}, {TruecolourAlpha, 16}};
     const auto [type, depth] = Kinds[recipe.kind % std::size(Kinds)];
     const auto or256 = [](std::uint8_t value) { return value == 0 ? 256 : value; };
-    const HeaderRec header = Header(or256(recipe.width), or256(recipe.height), depth, type);
+    const HeaderRec header = {or256(recipe.width), or256(recipe.height), depth, type};
     Bytes file = Join({Signature(), IHDR(header)});
     if (recipe.paletteEntries > 0) {
         file = Join({file, Chunk("PLTE", Take(rest, std::size_t{3} * recipe.paletteEntries))});

@@ -13,23 +13,18 @@ namespace editor {
 namespace {
 
 void WriteFiles(const std::filesystem::path& folder) {
-    const HeaderRec colour = Header(9, 6, 8, Truecolour);
-    const HeaderRec indexed = Header(9, 6, 4, PaletteIndex);
+    const HeaderRec colour = {9, 6, 8, Truecolour};
+    const HeaderRec indexed = {9, 6, 4, PaletteIndex};
     HeaderRec interlaced = colour;
     interlaced.Interlace = 1;
-    const Bytes all = {0, 1, 2, 3, 4, 4};
-    const Bytes pixels = Filtered(colour, NoiseRows(colour, 1), all);
-    const Bytes palette = Chunk("PLTE", NoiseRows(Header(48, 1, 8, Greyscale), 2));
+    const Bytes pixels = NoiseRows(colour, 1);
+    const Bytes between =
+        Join({Chunk("PLTE", Noise(48, 2)), Chunk("tRNS", {0, 128, 255}), Chunk("bKGD", {1})});
     WriteFile(folder / "colour.png", PngOf(colour, pixels, Chunk("teXt", {1, 2, 3})));
-    WriteFile(folder / "palette.png",
-              PngOf(indexed, Filtered(indexed, NoiseRows(indexed, 3), all),
-                    Join({palette, Chunk("tRNS", {0, 128, 255}), Chunk("bKGD", {1})})));
+    WriteFile(folder / "palette.png", PngOf(indexed, NoiseRows(indexed, 3), between));
     WriteFile(folder / "interlaced.png", PngOf(interlaced, pixels));
-    const Bytes stream = Deflated(pixels);
-    const auto half = stream.begin() + static_cast<std::ptrdiff_t>(stream.size() / 2);
-    WriteFile(folder / "split.png",
-              Join({Signature(), IHDR(colour), Chunk("IDAT", {stream.begin(), half}),
-                    Chunk("IDAT", {half, stream.end()}), IEND()}));
+    WriteFile(folder / "whole.png",
+              Join({Signature(), IHDR(colour), Chunk("IDAT", Deflated(pixels)), IEND()}));
 }
 
 void WriteRecipes(const std::filesystem::path& folder) {
@@ -46,7 +41,7 @@ void WriteRecipes(const std::filesystem::path& folder) {
                                   .y = 3};
         Bytes bytes(sizeof recipe);
         std::memcpy(bytes.data(), &recipe, sizeof recipe);
-        const Bytes rest = NoiseRows(Header(800, 1, 8, Greyscale), kind);
+        const Bytes rest = Noise(800, kind);
         WriteFile(folder / ("recipe-" + std::to_string(kind)), Join({bytes, rest}));
     }
 }

@@ -25,7 +25,7 @@ int main() {
                 const std::string outcome = Load(file, {.MaximumSide = 0xffff});
                 std::uint32_t sum = 1;
                 if (outcome == "accepted" && !mdlPNG.PngImage.Pixels.empty()) {
-                    for (const std::uint32_t pixel : Drawn()) {
+                    for (const std::uint32_t pixel : Drawn(cPNG().Width(), cPNG().Height())) {
                         sum = sum * 16777619U ^ pixel;
                     }
                 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "pictures/Pixel.h"
 #include "png/PngFile.h"
 #include "png/cPNG.h"
 #include "support/PngBuilder.h"
@@ -29,26 +30,17 @@ inline constexpr Kind EveryKind[] = {
     {PaletteIndex, 2, 2}, {PaletteIndex, 4, 9}, {PaletteIndex, 8, 77}, {GreyscaleAlpha, 8},
     {GreyscaleAlpha, 16}, {TruecolourAlpha, 8}, {TruecolourAlpha, 16}};
 
-/// A file of that kind, whose pixels, colours, alphas and filters are noise, in two IDAT chunks.
+/// A file of that kind, whose pixels, colours, alphas and filters are noise.
 [[nodiscard]] inline Bytes NoisePng(const Kind& kind, std::int32_t width, std::int32_t height) {
-    const HeaderRec header = Header(width, height, kind.depth, kind.type);
+    const HeaderRec header = {width, height, kind.depth, kind.type};
     Bytes before;
     if (kind.type == PaletteIndex) {
-        before = Chunk("PLTE", NoiseRows(Header(1 << kind.depth, 1, 8, Truecolour), 1));
+        before = Chunk("PLTE", Noise(3 << kind.depth, 1));
     }
     if (kind.transparentEntries > 0) {
-        const HeaderRec alphas = Header(kind.transparentEntries, 1, 8, Greyscale);
-        before = Join({before, Chunk("tRNS", NoiseRows(alphas, 2))});
+        before = Join({before, Chunk("tRNS", Noise(kind.transparentEntries, 2))});
     }
-    const auto seed = static_cast<std::uint32_t>(width);
-    Bytes filters = NoiseRows(Header(height, 1, 8, Greyscale), seed);
-    for (std::uint8_t& filter : filters) {
-        filter = std::min<std::uint8_t>(filter % 8, 4); // every other one is Paeth, often in fours
-    }
-    const Bytes stream = Deflated(Filtered(header, NoiseRows(header, seed), filters));
-    const auto middle = stream.begin() + static_cast<std::ptrdiff_t>(stream.size() / 2);
-    return Join({Signature(), IHDR(header), before, Chunk("IDAT", {stream.begin(), middle}),
-                 Chunk("IDAT", {middle, stream.end()}), IEND()});
+    return PngOf(header, NoiseRows(header, static_cast<std::uint32_t>(width)), before);
 }
 
 /// What came of a load, in words.
@@ -71,17 +63,18 @@ template <class Loading>
     return OutcomeOf([&] { return LoadContents(file, bytes.size(), limits); });
 }
 
-[[nodiscard]] inline std::vector<std::uint32_t> PixelsOf(DrawingSurface& surface) {
-    std::uint32_t* end = surface.row(surface.height() - 1) + surface.width();
-    return {surface.row(0), end};
-}
-
-/// What DrawToDC() makes of a surface of the image's size.
-[[nodiscard]] inline std::vector<std::uint32_t> Drawn() {
-    const cPNG png{};
-    DrawingSurface surface(png.Width(), png.Height());
-    png.DrawToDC(surface, 0, 0);
-    return PixelsOf(surface);
+/// The pixels of a surface of that size, filled with `colour`, with the picture drawn at (x, y).
+[[nodiscard]] inline std::vector<std::uint32_t> Drawn(std::int32_t width, std::int32_t height,
+                                                      std::uint32_t colour = NeutralGrey,
+                                                      std::int32_t x = 0, std::int32_t y = 0) {
+    DrawingSurface surface(width, height);
+    for (std::int32_t row = 0; row < height && colour != NeutralGrey; ++row) {
+        std::fill_n(surface.row(row), width, colour);
+    }
+    cPNG().DrawToDC(surface, x, y);
+    const LargeBuffer pixels = surface.TakePixels();
+    const auto* first = reinterpret_cast<const std::uint32_t*>(pixels.data());
+    return {first, first + pixels.size() / sizeof(std::uint32_t)};
 }
 
 } // namespace editor
