@@ -179,7 +179,7 @@ void AppendRow(Unfinished& unfinished, const std::vector<Colour>& colours, std::
 
 void Finish(const Unfinished& unfinished) {
     const MadePicture& picture = *unfinished.picture;
-    Bytes file = Join({Signature(), IHDR(picture.header)});
+    Bytes file = Join({Signature, IHDR(picture.header)});
     const auto append = [&file](const Bytes& chunk) {
         file.insert(file.end(), chunk.begin(), chunk.end());
     };
@@ -192,7 +192,7 @@ void Finish(const Unfinished& unfinished) {
         const auto size = std::min(IDATBytes, stream.size() - start);
         append(Chunk("IDAT", Bytes(first, first + static_cast<std::ptrdiff_t>(size))));
     }
-    append(IEND());
+    append(Chunk("IEND"));
     std::filesystem::path part = picture.file;
     part += ".part";
     WriteFile(part, file);

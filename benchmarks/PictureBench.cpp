@@ -154,7 +154,7 @@ void PrintHeading() {
 
 void Run(const char* program, const std::filesystem::path& folder, bool brief) {
     std::filesystem::create_directories(folder);
-    WriteFile(folder / "one-pixel.png", OnePixelPng());
+    WriteFile(folder / "one-pixel.png", PngOf({1, 1, 8, Truecolour}, {0, 10, 20, 30}));
     std::vector<MadePicture> pictures = MakePictures(1920, 1080, folder);
     if (!brief) {
         const std::vector<MadePicture> large = MakePictures(4096, 4096, folder);

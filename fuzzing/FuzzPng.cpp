@@ -65,7 +65,7 @@ Bytes Cook(const PngRecipe& recipe, std::span<const std::uint8_t> rest) {
     const auto [type, depth] = Kinds[recipe.kind % std::size(Kinds)];
     const auto or256 = [](std::uint8_t value) { return value == 0 ? 256 : value; };
     const HeaderRec header = {or256(recipe.width), or256(recipe.height), depth, type};
-    Bytes file = Join({Signature(), IHDR(header)});
+    Bytes file = Join({Signature, IHDR(header)});
     if (recipe.paletteEntries > 0) {
         file = Join({file, Chunk("PLTE", Take(rest, std::size_t{3} * recipe.paletteEntries))});
     }
@@ -80,7 +80,7 @@ Bytes Cook(const PngRecipe& recipe, std::span<const std::uint8_t> rest) {
         const auto idatBytes = static_cast<std::size_t>(or256(recipe.idatBytes));
         file = Join({file, Chunk("IDAT", Take(unwritten, idatBytes))});
     }
-    return Join({file, IEND()});
+    return Join({file, Chunk("IEND")});
 }
 
 void RequireWholeImage() {
@@ -127,7 +127,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace editor;
     Bytes file(data, data + size);
     PngRecipe recipe = {};
-    if (size >= sizeof recipe && data[0] != Signature()[0]) {
+    if (size >= sizeof recipe && data[0] != Signature[0]) {
         std::memcpy(&recipe, data, sizeof recipe);
         file = Cook(recipe, std::span(data, size).subspan(sizeof recipe));
     }

@@ -24,7 +24,7 @@ void WriteFiles(const std::filesystem::path& folder) {
     WriteFile(folder / "palette.png", PngOf(indexed, NoiseRows(indexed, 3), between));
     WriteFile(folder / "interlaced.png", PngOf(interlaced, pixels));
     WriteFile(folder / "whole.png",
-              Join({Signature(), IHDR(colour), Chunk("IDAT", Deflated(pixels)), IEND()}));
+              Join({Signature, IHDR(colour), Chunk("IDAT", Deflated(pixels)), Chunk("IEND")}));
 }
 
 void WriteRecipes(const std::filesystem::path& folder) {

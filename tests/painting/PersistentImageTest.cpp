@@ -5,6 +5,7 @@
 
 #include <QImage>
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <random>
@@ -39,10 +40,8 @@ struct Mark {
         }
         const bool alongX = std::abs(to.x() - from.x()) >= std::abs(to.y() - from.y());
         const auto turned = [alongX](const QPoint& p) { return alongX ? p : p.transposed(); };
-        QPoint first = turned(from), last = turned(to);
-        if (first.x() > last.x()) {
-            std::swap(first, last);
-        }
+        const auto [first, last] =
+            std::minmax({turned(from), turned(to)}, [](auto a, auto b) { return a.x() < b.x(); });
         const QPoint step = turned(pixel) - first, all = last - first;
         const double across = 1.0 * step.x() * all.y() / std::max(all.x(), 1);
         const bool isOn = step.x() >= 0 && step.x() <= all.x() &&
@@ -99,22 +98,22 @@ TEST(PersistentImage, AnyPartitionAndWhatChangedHaveThePixelsOfThePictureAndTheM
     PersistentImage image;
     for (const auto& [size, stretched, area] : rows) {
         QImage picture(size, QImage::Format_RGB888), screen(area.size(), QImage::Format_RGB32);
-        std::generate_n(picture.bits(), picture.sizeInBytes(), std::ref(random));
+        std::generate_n(picture.bits(), picture.sizeInBytes(), random);
         image.SetBackground(Picture(picture), stretched);
-        QImage ground = screen;
-        Recolour(ground, area, [&, &size = size, &stretched = stretched](QRgb, const QPoint& at) {
-            const qint64 x = qint64{at.x()} * size.width() / stretched.width();
-            const int y = at.y() * size.height() / stretched.height();
-            return QRect(QPoint(0, 0), stretched).contains(at)
-                       ? picture.pixel(static_cast<int>(x), y)
-                       : PersistentImage::PlainColour;
-        });
         for (const unsigned count : {0U, 300U, 200U, 400U}) {
             SCOPED_TRACE(testing::Message() << stretched.width() << " wide, marks: " << count);
             if (count > 0) { // otherwise the new background has taken the marks away
                 image.Clear();
             }
-            QImage expected = ground;
+            QImage expected(area.size(), QImage::Format_RGB32), parts = expected;
+            Recolour(expected, area,
+                     [&, &size = size, &stretched = stretched](QRgb, const QPoint& at) {
+                         const qint64 x = qint64{at.x()} * size.width() / stretched.width();
+                         const int y = at.y() * size.height() / stretched.height();
+                         return QRect(QPoint(0, 0), stretched).contains(at)
+                                    ? picture.pixel(static_cast<int>(x), y)
+                                    : PersistentImage::PlainColour;
+                     });
             std::mt19937 places(7); // The marks of the last time, but for the colours of a few.
             for (unsigned i = 0; i < count; ++i) {
                 Mark mark = RandomMark(area, places);
@@ -122,7 +121,6 @@ TEST(PersistentImage, AnyPartitionAndWhatChangedHaveThePixelsOfThePictureAndTheM
                 mark.Draw(image);
                 Recolour(expected, area, [&](QRgb below, auto at) { return mark.Over(below, at); });
             }
-            QImage parts(area.size(), QImage::Format_RGB32);
             for (int y = area.top(), height = 0; y <= area.bottom(); y += height) {
                 height = 1 + static_cast<int>(random() % 17);
                 for (int x = area.left(), width = 0; x <= area.right(); x += width) {

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <initializer_list>
 #include <random>
+#include <string>
 #include <string_view>
 #include <vector>
 #include <zlib.h>
@@ -42,9 +43,7 @@ using Bytes = std::vector<std::uint8_t>;
     return Join({BigEndian(data.size()), body, BigEndian(crc)});
 }
 
-[[nodiscard]] inline Bytes Signature() {
-    return {137, 'P', 'N', 'G', '\r', '\n', 26, '\n'};
-}
+inline const Bytes Signature = {137, 'P', 'N', 'G', '\r', '\n', 26, '\n'};
 
 [[nodiscard]] inline Bytes IHDR(const HeaderRec& header) {
     return Chunk("IHDR", Join({BigEndian(header.Width),
@@ -59,14 +58,6 @@ using Bytes = std::vector<std::uint8_t>;
     compress2(deflated.data(), &size, data.data(), static_cast<uLong>(data.size()), level);
     deflated.resize(size);
     return deflated;
-}
-
-[[nodiscard]] inline Bytes IDAT(const Bytes& filtered) {
-    return Chunk("IDAT", Deflated(filtered));
-}
-
-[[nodiscard]] inline Bytes IEND() {
-    return Chunk("IEND");
 }
 
 /// Noise of which every other byte is one of -1 to 2, so that each filter meets ties and slopes.
@@ -95,20 +86,12 @@ using Bytes = std::vector<std::uint8_t>;
                                  const Bytes& before = {}) {
     const Bytes stream = Deflated(filtered);
     const auto middle = stream.begin() + static_cast<std::ptrdiff_t>(stream.size() / 2);
-    return Join({Signature(), IHDR(header), before, Chunk("IDAT", {stream.begin(), middle}),
-                 Chunk("IDAT", {middle, stream.end()}), IEND()});
-}
-
-/// A small file that every decoder accepts: 1 by 1 pixel, 8-bit truecolour, red 10, green 20,
-/// blue 30.
-[[nodiscard]] inline Bytes OnePixelPng() {
-    return PngOf({1, 1, 8, Truecolour}, {0, 10, 20, 30});
+    return Join({Signature, IHDR(header), before, Chunk("IDAT", {stream.begin(), middle}),
+                 Chunk("IDAT", {middle, stream.end()}), Chunk("IEND")});
 }
 
 inline void WriteFile(const std::filesystem::path& path, const Bytes& bytes) {
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(path, std::ios::binary) << std::string(bytes.begin(), bytes.end());
 }
 
 } // namespace editor
