@@ -29,14 +29,10 @@ TEST_F(LevelDialog, AcceptGivesBackWhatF5ShowsWithTheForcesRoundedToEvenAndClamp
         Click(u"cmdOK"_s);
         EXPECT_EQ(Text(mdlEdit), Text(level));
     }
-    for (const auto& [text, force, opposite] : {std::tuple{u"12.5 N"_s, 12, -12},
-                                                {u"3.5"_s, 4, -4},
-                                                {u"1e999"_s, INT32_MAX, INT32_MIN}}) {
-        Box(u"txtJumper"_s).setText(text);
-        Box(u"txtKicker"_s).setText(u'-' + text);
-        Click(u"cmdOK"_s);
-        EXPECT_EQ(std::pair(mdlEdit.JumperForce, mdlEdit.KickerForce), std::pair(force, opposite));
-    }
+    Box(u"txtJumper"_s).setText(u"12.5 N"_s);
+    Box(u"txtKicker"_s).setText(u"-1e999"_s);
+    Click(u"cmdOK"_s);
+    EXPECT_EQ(std::pair(mdlEdit.JumperForce, mdlEdit.KickerForce), std::pair(12, INT32_MIN));
     main->levelSettings.Use().close();
     EXPECT_EQ(Box(u"txtJumper"_s).text() + Box(u"txtKicker"_s).text(), u"100043000"_s);
 }

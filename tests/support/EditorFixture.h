@@ -49,16 +49,13 @@ class EditorFixture : public testing::Test {
         QCoreApplication::processEvents();
     }
 
-    /// The colour of a pixel of the pictures of MakeLevel().
-    static QRgb Ground(int x, int y) { return qRgb(x % 256, y % 256, 99); }
-
     /// A level without entities but for those of `more`, its graphics of this size.
     static void MakeLevel(const LevelFolder& folder, int width, int height,
                           const QByteArray& more = {}) {
         QImage picture(width, height, QImage::Format_RGB32);
         for (int y = 0; y < height; ++y) {
             for (int x = 0; x < width; ++x) {
-                picture.setPixel(x, y, Ground(x, y));
+                picture.setPixel(x, y, qRgb(x % 256, y % 256, 99));
             }
         }
         for (const QString& name : {u"l.png"_s, u"b.png"_s, u"m.png"_s}) {
@@ -94,11 +91,6 @@ class EditorFixture : public testing::Test {
             type == QEvent::MouseMove ? Qt::NoButton : Qt::MouseButton(buttons.toInt());
         QMouseEvent event(type, at, at, button, buttons, Qt::NoModifier);
         QApplication::sendEvent(view().widget(), &event);
-    }
-    void Press(Qt::MouseButton button, QPointF at) { Mouse(QEvent::MouseButtonPress, button, at); }
-    void Move(Qt::MouseButtons held, QPointF at) { Mouse(QEvent::MouseMove, held, at); }
-    void Release(Qt::MouseButton button, QPointF at) {
-        Mouse(QEvent::MouseButtonRelease, button, at);
     }
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(view().widget(), key, modifiers);
