@@ -64,15 +64,15 @@ Tables Entities(const LevelModel& model) {
 /// What the gestures do to a level and to what is seen of it. Positions are in level pixels.
 struct Rules {
     Tables tables = Entities({});
+    float zoom = 1;
+    Qt::MouseButtons held = {}, dropped = {}; // held too, but by a gesture that has ended
     EditingMode mode = StartPoints;
     int selected = NoSelection;
-    float zoom = 1;
     ItemRec shown = {}; // the item fields
     QString caption = u"Waypoint"_s;
     bool reload = false, jump = false, rope = false;
     std::optional<std::pair<QPointF, QPointF>> band = {}; // until the next repaint
     QStringList told = {};
-    Qt::MouseButtons held = {}, dropped = {}; // held too, but by a gesture that has ended
 
     QList<Entity>& Table() { return tables[mode]; }
     Entity& Selected() { return Table()[selected]; }
@@ -366,12 +366,11 @@ class Monkey : public EditorFixture {
     }
 
     void ChangeMode() {
-        const auto [option, mode] =
-            OneOf<std::pair<const char*, EditingMode>>({{"optWaypoints", Waypoints},
-                                                        {"optWaypoints", Waypoints},
-                                                        {"optItems", Items},
-                                                        {"optStart", StartPoints}});
-        Setting<QRadioButton>(option).click();
+        const EditingMode mode = OneOf({Waypoints, Waypoints, Items, StartPoints});
+        Setting<QRadioButton>(mode == Waypoints ? "optWaypoints"
+                              : mode == Items   ? "optItems"
+                                                : "optStart")
+            .click();
         rules.SetMode(mode);
     }
 
@@ -380,10 +379,7 @@ class Monkey : public EditorFixture {
             settings().close();
             Key(Qt::Key_Backspace); // any event of the view makes the settings anew
             EXPECT_FALSE(settings().isVisible());
-            rules = {.tables = rules.tables,
-                     .zoom = rules.zoom,
-                     .held = rules.held,
-                     .dropped = rules.dropped};
+            rules = {rules.tables, rules.zoom, rules.held, rules.dropped};
         } else if (Number(0, 1) == 0) {
             view().close();
             Type(u"F7"_s);

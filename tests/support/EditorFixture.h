@@ -17,22 +17,22 @@
 
 namespace editor::test {
 
-/// Starts every test from a fresh editor: an empty model and the main window. What the choosers ask
-/// is recorded and answered by the test; messages are recorded and closed at once.
+/// Starts every test from a fresh editor: an empty model and the main window. The choosers are
+/// answered by the test; where that of files begins is recorded, and so are messages, which are
+/// closed at once.
 class EditorFixture : public testing::Test {
   protected:
     EditorFixture() {
         ApplyLook(*qApp);
-        const auto ask = [this](const QString& question) {
-            asked += question;
-            return answer;
-        };
         messageBox() = [this](auto, const QString& text, const QString& title) {
             EXPECT_EQ(title, u"Torvak! level editor"_s);
             messages += text;
         };
-        choosers() = {[ask](auto, const QString& prompt) { return ask(prompt); },
-                      [ask](auto, auto, const QString& folder, auto) { return ask(folder); }};
+        choosers() = {[this](auto, auto) { return answer; },
+                      [this](auto, auto, const QString& folder, auto) {
+                          asked += folder;
+                          return answer;
+                      }};
         Start();
     }
 
