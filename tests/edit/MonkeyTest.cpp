@@ -366,11 +366,12 @@ class Monkey : public EditorFixture {
     }
 
     void ChangeMode() {
-        const EditingMode mode = OneOf({Waypoints, Waypoints, Items, StartPoints});
-        Setting<QRadioButton>(mode == Waypoints ? "optWaypoints"
-                              : mode == Items   ? "optItems"
-                                                : "optStart")
-            .click();
+        const auto [option, mode] =
+            OneOf<std::pair<QString, EditingMode>>({{u"optWaypoints"_s, Waypoints},
+                                                    {u"optWaypoints"_s, Waypoints},
+                                                    {u"optItems"_s, Items},
+                                                    {u"optStart"_s, StartPoints}});
+        In<QRadioButton>(settings(), option).click();
         rules.SetMode(mode);
     }
 

@@ -3,10 +3,7 @@
 
 #include "files/CodePage.h"
 #include "files/FileNames.h"
-#include "files/RegularFile.h"
 #include "support/LevelFolder.h"
-
-#include <QFile>
 
 #include <gtest/gtest.h>
 #include <numeric>
@@ -43,21 +40,8 @@ TEST(CodePage, HoldsEveryByteOnceAndNamesWhatItLacks) {
     const QString text = FromCodePage(bytes);
     EXPECT_EQ(ToCodePage(text), bytes);
     EXPECT_EQ(text.mid(0x7F, 3) + text.mid(0x9E, 3), u"\u007f\u20ac\u0081\u017e\u0178\u00a0"_s);
-    EXPECT_FALSE(ToCodePage(u"\u0080"_s).has_value());
-    for (const QString& lacking :
-         {u"\u0416"_s, u"\U0001F60A"_s, QString(QChar(0xD800)), QString()}) {
+    for (const auto& lacking : {u"\u0080"_s, u"\U0001F60A"_s, QString(QChar(0xD800))}) {
         EXPECT_EQ(FirstOutsideCodePage(text + lacking), lacking);
-    }
-}
-
-TEST(OpenRegularFile, OpensNothingThatMayWaitForEver) {
-    LevelFolder folder;
-    folder.Write(u"empty.bmp"_s, {});
-    const QString endless = folder.Path(u"endless.bmp"_s);
-    SymbolicLink(u"/dev/zero"_s, endless);
-    for (const QString& path : {endless, folder.Path(), folder.Path(u"none.bmp"_s),
-                                folder.Path(u"empty.bmp"_s), QString()}) {
-        EXPECT_EQ(OpenRegularFile(path), nullptr) << path.toStdString();
     }
 }
 

@@ -14,6 +14,7 @@
 #include <QtWidgets>
 
 #include <gtest/gtest.h>
+#include <numeric>
 
 namespace editor::test {
 
@@ -53,11 +54,8 @@ class EditorFixture : public testing::Test {
     static void MakeLevel(const LevelFolder& folder, int width, int height,
                           const QByteArray& more = {}) {
         QImage picture(width, height, QImage::Format_RGB32);
-        for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < width; ++x) {
-                picture.setPixel(x, y, qRgb(x % 256, y % 256, 99));
-            }
-        }
+        auto* first = reinterpret_cast<QRgb*>(picture.bits());
+        std::iota(first, first + picture.sizeInBytes() / 4, qRgb(0, 0, 0));
         for (const QString& name : {u"l.png"_s, u"b.png"_s, u"m.png"_s}) {
             picture.save(folder.Path(name));
         }

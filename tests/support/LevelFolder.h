@@ -10,7 +10,7 @@
 #include <QTemporaryDir>
 
 #include <filesystem>
-#include <stdexcept>
+#include <gtest/gtest.h>
 
 namespace editor::test {
 
@@ -30,9 +30,7 @@ class LevelFolder {
     void Write(const QString& name, const QByteArray& bytes) const {
         QDir().mkpath(QFileInfo(Path(name)).path());
         QFile file(Path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-            throw std::runtime_error("the test's file cannot be written");
-        }
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
 
     /// The whole file; NoSuchFile, which no file of these tests holds, when there is none.

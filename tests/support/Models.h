@@ -11,8 +11,9 @@
 
 namespace editor::test {
 
-/// Any level within the rules of the files: every table up to full, every number anywhere in its
-/// range, texts of the code page without what reading drops (outer blanks and quotes).
+/// Any level within the rules of the files: every table from a negative count up to full, every
+/// number anywhere in its range, texts of the code page without what reading drops (outer blanks
+/// and quotes).
 inline LevelModel RandomLevel(std::mt19937& random) {
     const auto number = [&random](int low, int high) {
         return std::uniform_int_distribution<int>(low, high)(random);
@@ -38,9 +39,9 @@ inline LevelModel RandomLevel(std::mt19937& random) {
     level.ParallaxScroll = number(0, 1) == 1;
     level.JumperForce = number(INT32_MIN, INT32_MAX);
     level.KickerForce = number(INT32_MIN, INT32_MAX);
-    level.NumStartPoints = static_cast<std::int16_t>(number(0, MaxStartPoints));
-    level.NumItems = static_cast<std::int16_t>(number(0, MaxItems));
-    level.NumWayPoints = number(0, MaxWayPoints);
+    level.NumStartPoints = static_cast<std::int16_t>(number(-1, MaxStartPoints));
+    level.NumItems = static_cast<std::int16_t>(number(-1, MaxItems));
+    level.NumWayPoints = number(-1, MaxWayPoints);
     for (StartPointRec& point : level.StartPoints) {
         point = {any16(), any16()};
     }
