@@ -3,7 +3,8 @@
 # SPDX-License-Identifier: MIT
 
 """Looks at the links of every Markdown file: those to files and headings of the project must lead
-to one, every picture must say in words what it shows, and every picture in docs/ must be used."""
+to one, every picture must say in words what it shows, and every picture in docs/ must be used. Long
+names of the code that stand there must stand in the code as well."""
 
 import pathlib
 import re
@@ -12,6 +13,7 @@ import urllib.parse
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 LINK = re.compile(r"(!?)\[((?:[^\[\]]|\[[^\]]*\])*)\]\(([^)\s]+)\)")
+LONG_NAME = re.compile(r"`([A-Z][A-Za-z0-9]{14,})`")
 CODE = re.compile(r"^```.*?^```|`[^`\n]+`", re.MULTILINE | re.DOTALL)
 
 
@@ -53,6 +55,12 @@ def problems():
     for picture in sorted((ROOT / "docs" / "pictures").glob("*.png")):
         if picture not in shown:
             yield f"{picture.relative_to(ROOT)} is shown nowhere"
+    code = "".join(path.read_text("utf-8") for folder in ("src", "tests")
+                   for path in (ROOT / folder).rglob("*.[ch]*"))
+    for path in markdown_files():
+        for name in sorted(set(LONG_NAME.findall(path.read_text("utf-8")))):
+            if not re.search(rf"\b{name}\b", code):
+                yield f"{path.relative_to(ROOT)}: no {name} is in the code"
     if links == 0:
         yield "no link was found in any file"
 
