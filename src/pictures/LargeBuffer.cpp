@@ -20,6 +20,7 @@
 #endif
 
 #if defined(__linux__) && !defined(EDITOR_PLAIN_BUFFERS)
+#include <malloc.h>
 #include <sys/mman.h>
 #else
 #undef EDITOR_PLAIN_BUFFERS
@@ -31,7 +32,7 @@ namespace {
 
 // Where the memory of a buffer comes from. Allocate() returns a block of at least `size` bytes and
 // sets `capacity` to what it really has; Free() takes such a block back; FreeKept() gives up what
-// Free() kept. They may not be called by several threads at once.
+// Free() kept, and what free() did. They may not be called by several threads at once.
 
 #ifdef EDITOR_PLAIN_BUFFERS
 
@@ -165,6 +166,9 @@ void Free(std::uint8_t* data, std::size_t capacity) {
 
 void FreeKept() {
     std::for_each(kept.begin(), kept.end(), Unmap);
+#ifdef __GLIBC__
+    malloc_trim(0); // of small blocks, glibc keeps all pages but the last ones
+#endif
 }
 
 #endif

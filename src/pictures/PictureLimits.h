@@ -10,7 +10,7 @@
 namespace editor {
 
 /// What a picture may take that is to be loaded. Checked before the memory is used: that of the
-/// pixels as soon as the file's header is known, that of the file as it is read.
+/// file as it is read, that of the pixels before any is made.
 struct PictureLimits {
     /// The largest width and height in pixels.
     std::int32_t MaximumSide = std::numeric_limits<std::int32_t>::max();

@@ -11,7 +11,7 @@ PngModule mdlPNG;
 
 void PngModule::ClearChunks() {
     Chunks.assign(1, {});
-    indicesOfType_.clear();
+    indicesOfType_ = {}; // clear() would keep a million buckets
     FileBytes = {};
 }
 
