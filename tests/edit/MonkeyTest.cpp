@@ -296,7 +296,7 @@ class Monkey : public EditorFixture {
 
     // Mouse events that need not belong together.
     void UseMouse() {
-        if (Number(0, 99) == 0) { // the user leaves the program
+        if (Number(0, 19) == 0) { // the user leaves the program
             QEvent left(QEvent::WindowDeactivate);
             QApplication::sendEvent(view().widget(), &left);
             rules.Drop();
