@@ -47,15 +47,15 @@ TEST_F(LevelDialog, BrowsingTakesFilesOfTheLevelFolderOnlyAndGoesOnWhereItWas) {
         EXPECT_EQ(asked.last(), root.path());
     }
     const QString real = root.filePath(u"real"_s), link = root.filePath(u"link"_s);
-    const QString level = SymbolicLink(real, link) ? link : real;
+    const QString level = SymbolicLink(real, link) ? link : real, top = QDir::rootPath();
     const QString rows[][4] = {// level, chosen, text (none: refused), where it goes on
                                {level, level + u"/a.png"_s, u"a.png"_s, level},
                                {level, level + u"/gfx/a.png"_s, u"gfx\\a.png"_s, level + u"/gfx"_s},
                                {real + u"/gfx"_s, real + u"/gfx2.png"_s, {}, real},
                                {real + u"/gfx"_s, real + u"/gfx"_s, {}, real},
                                {real + u"/none"_s, real + u"/NONE/a.png"_s, {}, real},
-                               {u"/"_s, u"/a.png"_s, u"a.png"_s, u"/"_s},
-                               {{}, u"/a.png"_s, {}, QDir::rootPath()}};
+                               {top, top + u"a.png"_s, u"a.png"_s, top},
+                               {{}, u"/a.png"_s, {}, top}};
     for (const auto& [path, chosen, text, next] : rows) {
         mdlEdit.LevelPath = path;
         for (const QString& name : {u"BG"_s, u"Lev"_s, u"Mat"_s, u"Par"_s}) {
