@@ -3,7 +3,7 @@
 
 ; Installs for the user who runs it, without an administrator. What is defined outside: VERSION,
 ; FILES (the folder that is installed), SIZE (of it, in KiB), REMOVAL (a file that deletes what is
-; in it), OUTPUT.
+; in it, by means of GoToWhenEdited), OUTPUT.
 
 !define PROGRAM "torvak-level-editor.exe"
 !define LINK "$SMPROGRAMS\Torvak! level editor.lnk"
@@ -31,6 +31,14 @@ VIAddVersionKey "FileVersion" "${VERSION}"
 VIAddVersionKey "FileDescription" "Installs the Torvak! level editor"
 VIAddVersionKey "LegalCopyright" "2026 The authors of the Torvak! level editor, MIT licence"
 
+; Goes to a label when a file is no longer the one that was installed: it then has another time.
+!macro GoToWhenEdited LABEL FILE
+    !searchreplace SOURCE "${FILES}/${FILE}" "\" "/"
+    GetFileTimeLocal "${SOURCE}" $0 $1
+    GetFileTime "$INSTDIR\${FILE}" $2 $3
+    StrCmp "$0 $1" "$2 $3" 0 ${LABEL}
+!macroend
+
 Page directory
 Page instfiles
 UninstPage uninstConfirm
@@ -38,7 +46,10 @@ UninstPage instfiles
 
 Section
     SetOutPath "$INSTDIR"
-    File /r "${FILES}\*"
+    SetDateSave on ; see GoToWhenEdited
+    File /r /x examples "${FILES}\*"
+    SetOverwrite off ; a person may have edited them
+    File /r "${FILES}\examples"
     WriteUninstaller "$INSTDIR\uninstall.exe"
     CreateShortcut "${LINK}" "$INSTDIR\${PROGRAM}"
     WriteRegStr HKCU "${UNINSTALL}" "DisplayName" "Torvak! level editor"
