@@ -6,6 +6,7 @@
 ; in it, by means of GoToWhenEdited), OUTPUT.
 
 !define PROGRAM "torvak-level-editor.exe"
+!define RUNNING "Nothing was changed. Please close the editor first."
 !define LINK "$SMPROGRAMS\Torvak! level editor.lnk"
 !define PROGRAMS "$LOCALAPPDATA\Programs"
 !define UNINSTALLERS "Software\Microsoft\Windows\CurrentVersion\Uninstall"
@@ -45,6 +46,17 @@ UninstPage uninstConfirm
 UninstPage instfiles
 
 Section
+    ; An older one goes first, from wherever it is: it alone knows which files it has installed. In its
+    ; own folder, instead of in a copy that nobody waits for, it can delete all but itself.
+    ReadRegStr $0 HKCU "${UNINSTALL}" "InstallLocation"
+    ReadRegStr $1 HKCU "${UNINSTALL}" "QuietUninstallString"
+    StrCmp $1 "" none
+    ExecWait '$1 _?=$0' $2
+    StrCmp $2 2 0 +2
+    Abort "${RUNNING}"
+    Delete "$0\uninstall.exe"
+    RMDir "$0"
+    none:
     SetOutPath "$INSTDIR"
     SetDateSave on ; see GoToWhenEdited
     File /r /x examples "${FILES}\*"
@@ -66,6 +78,10 @@ SectionEnd
 
 Section "Uninstall"
     SetOutPath "$TEMP" ; the folder in which a program runs cannot go
+    ClearErrors
+    Delete "$INSTDIR\${PROGRAM}"
+    IfErrors 0 +2
+    Abort "${RUNNING}"
     !include "${REMOVAL}"
     Delete "$INSTDIR\uninstall.exe"
     RMDir "$INSTDIR"
