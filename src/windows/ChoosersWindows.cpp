@@ -32,7 +32,8 @@ Held<IShellItem> ItemOf(const QString& path) {
     return Held<IShellItem>(item);
 }
 
-// The system's own dialog, used without Qt's, which would keep its state in the registry.
+// The system's own dialog, used without Qt's, which would keep its state in the registry. The system
+// itself remembers there where its dialogs were last.
 class Chooser {
   public:
     Chooser(const QString& title, const QString& folder, FILEOPENDIALOGOPTIONS options) {
@@ -52,7 +53,7 @@ class Chooser {
     /// Label and pattern pairs, each part followed by "|"; the first pair is preselected.
     void Offer(const QString& filter) {
         std::vector<std::wstring> parts;
-        for (const QString& part : filter.split(u'|', Qt::SkipEmptyParts)) {
+        for (const QString& part : filter.split(u'|')) {
             parts.push_back(Wide(part));
         }
         std::vector<COMDLG_FILTERSPEC> pairs;
@@ -105,6 +106,6 @@ Choosers& choosers() {
     return set;
 }
 
-void LeaveNoConfiguration() {} // the system's dialogs write none in the program's name
+void LeaveNoConfiguration() {} // Qt's dialogs are not used
 
 } // namespace editor
