@@ -66,9 +66,13 @@ class frmWaypoint::LevelCanvas : public Canvas {
     }
 
     // A gesture must not go on where nobody sees it: a view that is hidden while a button is held
-    // still gets the mouse.
+    // still gets the mouse; a menu that opens takes it, and the release.
     bool event(QEvent* event) override {
-        const bool away = event->type() == QEvent::WindowDeactivate;
+        bool away = event->type() == QEvent::WindowDeactivate;
+        if (event->type() == QEvent::FocusOut) {
+            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+            away = reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+        }
         if (away || event->type() == QEvent::Hide) {
             dropped_ |= std::exchange(held_, Qt::NoButton);
         }

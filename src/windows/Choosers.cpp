@@ -68,14 +68,15 @@ class FileDialog : public QFileDialog {
     }
 
   protected:
-    // The base class takes quotation marks for what stands around each of several names.
+    // The base class takes quotation marks for what stands around each of several names, and leaves
+    // the path of a folder that it shows in the way of the next name.
     void accept() override {
         const QFileInfo typed(directory(), name_->text());
-        if (!name_->text().contains(u'"')) {
-            QFileDialog::accept();
-        } else if (fileMode() == AnyFile && typed.isDir()) {
+        if (fileMode() == AnyFile && typed.isDir() && !name_->text().isEmpty()) {
             setDirectory(typed.filePath());
             name_->clear();
+        } else if (!name_->text().contains(u'"')) {
+            QFileDialog::accept();
         } else if (fileMode() == AnyFile || typed.isDir()) {
             quoted_ = typed.filePath();
             QDialog::accept();

@@ -296,9 +296,11 @@ class Monkey : public EditorFixture {
 
     // Mouse events that need not belong together.
     void UseMouse() {
-        if (Number(0, 19) == 0) { // the user leaves the program
+        if (Number(0, 19) == 0) { // the user leaves the program, or opens a menu
             QEvent left(QEvent::WindowDeactivate);
-            QApplication::sendEvent(view().widget(), &left);
+            QFocusEvent menu(QEvent::FocusOut,
+                             OneOf({Qt::PopupFocusReason, Qt::MenuBarFocusReason}));
+            QApplication::sendEvent(view().widget(), Number(0, 1) == 0 ? &left : &menu);
             rules.Drop();
         }
         const auto type = OneOf({QEvent::MouseMove, QEvent::MouseButtonRelease,
