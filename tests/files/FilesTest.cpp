@@ -3,7 +3,10 @@
 
 #include "files/CodePage.h"
 #include "files/FileNames.h"
+#include "files/RegularFile.h"
 #include "support/LevelFolder.h"
+
+#include <QFile>
 
 #include <gtest/gtest.h>
 #include <numeric>
@@ -32,6 +35,8 @@ TEST(FindInFolder, PrefersTheExactNameAndIgnoresLetterCaseOtherwise) {
     const QString roundabout = u"gfx/../"_s.repeated(28) + u"none.png"_s;
     EXPECT_EQ(FindInFolder(folder.Path(), roundabout), folder.Path() + u'/' + roundabout);
     EXPECT_EQ(JoinPath(u"/"_s, u"a"_s), u"/a"_s);
+    folder.Write(u"empty"_s, {}); // as which the system shows files that never end
+    EXPECT_EQ(OpenRegularFile(folder.Path(u"empty"_s)), nullptr);
 }
 
 TEST(CodePage, HoldsEveryByteOnceAndNamesWhatItLacks) {
