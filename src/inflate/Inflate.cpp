@@ -5,9 +5,13 @@
 
 #include "inflate/Adler32.h"
 #include "inflate/BigEndian.h"
+#include "pictures/LargeBuffer.h"
 
 #include <algorithm>
-#include <cstring>
+#include <array>
+#include <semaphore>
+#include <system_error>
+#include <thread>
 
 #define ZLIB_CONST
 #include <zlib.h>
@@ -30,49 +34,138 @@ class InflateStream {
     InflateStream& operator=(const InflateStream&) = delete;
 
     // Inflates the next bytes into `out` and says how many they are: fewer than fit when the stream
-    // has ended or is corrupt.
+    // has ended or is corrupt. From then on it does nothing.
     [[nodiscard]] std::size_t Fill(std::span<std::uint8_t> out) {
+        if (status_ != Z_OK) {
+            return 0;
+        }
         stream_.next_out = out.data();
         stream_.avail_out = static_cast<uInt>(out.size());
-        if (status_ == Z_OK) {
-            status_ = inflate(&stream_, Z_NO_FLUSH);
+        status_ = inflate(&stream_, Z_NO_FLUSH);
+        if (status_ == Z_OK && stream_.avail_out > 0) {
+            status_ = Z_BUF_ERROR; // what zlib would say the next time: it is cut short
         }
-        const std::size_t filled = out.size() - stream_.avail_out;
-        checksum_.Add(out.first(filled));
-        return filled;
+        return out.size() - stream_.avail_out;
     }
 
     // Whether the stream has ended, was not empty, and its last bytes are the checksum of its data.
-    [[nodiscard]] bool EndedWell() const {
+    [[nodiscard]] bool EndedWell(const Adler32& checksum) const {
         return status_ == Z_STREAM_END && stream_.total_out > 0 &&
-               checksum_.Value() == BigEndian(stream_.next_in - sizeof(std::uint32_t));
+               checksum.Value() == BigEndian(stream_.next_in - sizeof(std::uint32_t));
     }
 
   private:
     z_stream stream_{};
     int status_ = Z_OK;
-    Adler32 checksum_;
+};
+
+// The bands of a stream, one after the other. Where there are many, a thread inflates the next few
+// while one is in use. It leaves alone what Next() gave until Release(), and the stream once the
+// last band or one that is not full is there.
+class Bands {
+  public:
+    struct Band {
+        std::span<std::uint8_t> bytes;
+        std::size_t filled = 0; // of them, from the first on
+    };
+
+    // `size` bytes in bands of `bandSize`.
+    Bands(InflateStream& stream, std::size_t size, std::size_t bandSize)
+        : stream_(stream), bandSize_(std::min(bandSize, size)), toInflate_(size), toTake_(size),
+          places_(size / bandSize > MostPlaces ? MostPlaces : 1), buffer_(places_ * bandSize_) {
+        if (places_ > 1) {
+            StartThread();
+        }
+    }
+    ~Bands() {
+        thread_.request_stop();
+        Release();
+    }
+    Bands(const Bands&) = delete;
+    Bands& operator=(const Bands&) = delete;
+
+    // The next one, to be released before the one after it is asked for; empty after the last.
+    [[nodiscard]] Band Next() {
+        if (toTake_ == 0) {
+            return {};
+        }
+        if (thread_.joinable()) {
+            inflated_.acquire();
+        } else {
+            InflateOne();
+        }
+        const Band& band = bands_[taken_++ % places_];
+        toTake_ -= band.bytes.size();
+        return band;
+    }
+
+    void Release() {
+        if (thread_.joinable()) {
+            free_.release();
+        }
+    }
+
+  private:
+    // Enough that neither thread often waits for the other, few enough to stay in caches.
+    static constexpr std::size_t MostPlaces = 8;
+
+    void StartThread() {
+        try {
+            thread_ = std::jthread([this](const std::stop_token& stop) {
+                while (toInflate_ > 0 && !stop.stop_requested()) {
+                    free_.acquire();
+                    InflateOne();
+                    inflated_.release();
+                }
+            });
+        } catch (const std::system_error&) {
+            // Where no thread is to be had, Next() inflates.
+        }
+    }
+
+    void InflateOne() {
+        const std::size_t place = begun_++ % places_;
+        Band& band = bands_[place];
+        band.bytes = buffer_.bytes().subspan(place * bandSize_, std::min(bandSize_, toInflate_));
+        band.filled = stream_.Fill(band.bytes);
+        toInflate_ -= band.bytes.size();
+    }
+
+    InflateStream& stream_;
+    std::size_t bandSize_;
+    std::size_t toInflate_; // bytes
+    std::size_t toTake_;    // bytes
+    std::size_t begun_ = 0; // bands
+    std::size_t taken_ = 0; // bands
+    std::size_t places_;
+    LargeBuffer buffer_;
+    std::array<Band, MostPlaces> bands_;
+    // Bands that the thread may fill, and one more to wake it when it is to end.
+    std::counting_semaphore<MostPlaces + 1> free_{MostPlaces};
+    std::counting_semaphore<MostPlaces> inflated_{0};
+    std::jthread thread_; // the last member: it ends before what it uses
 };
 
 } // namespace
 
-bool Inflate(std::span<const std::uint8_t> data, std::int32_t expectedSize,
-             std::span<std::uint8_t> band, const BandTaker& take) {
+bool Inflate(std::span<const std::uint8_t> data, std::int32_t expectedSize, std::size_t bandSize,
+             const BandTaker& take) {
     InflateStream stream(data);
-    auto left = static_cast<std::size_t>(expectedSize);
-    while (left > 0) {
-        const std::span<std::uint8_t> next = band.first(std::min(band.size(), left));
-        const std::size_t filled = stream.Fill(next);
-        if (filled < next.size() && !stream.EndedWell()) {
+    Adler32 checksum;
+    Bands bands(stream, static_cast<std::size_t>(expectedSize), bandSize);
+    for (Bands::Band band = bands.Next(); !band.bytes.empty(); band = bands.Next()) {
+        checksum.Add(band.bytes.first(band.filled));
+        if (band.filled < band.bytes.size() && !stream.EndedWell(checksum)) {
             return false;
         }
-        std::memset(next.data() + filled, 0, next.size() - filled);
-        take(next);
-        left -= next.size();
+        std::ranges::fill(band.bytes.subspan(band.filled), std::uint8_t{0});
+        take(band.bytes);
+        bands.Release();
     }
     // The end of a stream that has filled the last band may be still to come, but no more bytes.
-    static_cast<void>(stream.Fill(band.first(0)));
-    return stream.EndedWell();
+    std::uint8_t none = 0;
+    static_cast<void>(stream.Fill({&none, 0}));
+    return stream.EndedWell(checksum);
 }
 
 } // namespace editor

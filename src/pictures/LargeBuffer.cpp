@@ -59,8 +59,8 @@ constexpr std::size_t PageSize = 4096;
 constexpr std::size_t MostOfAHugePage = HugePageSize / 4 * 3;
 
 // Pages that were used before cost nothing. So a few freed blocks are kept: as many as a picture
-// takes while it is loaded (its file, its bitmap and the surface on which it is drawn), and in all
-// no more bytes than this.
+// takes while it is loaded (its file, what is inflated of it, its bitmap and the surface on which
+// it is drawn), and in all no more bytes than this.
 constexpr std::size_t MaximumKept = std::size_t{128} << 20;
 
 struct Block {
@@ -68,7 +68,7 @@ struct Block {
     std::size_t capacity = 0;
 };
 // Has no destructor, because buffers may be freed until the very end of the program.
-constinit std::array<Block, 3> kept;
+constinit std::array<Block, 4> kept;
 
 void Unmap(Block& block) {
     if (block.data != nullptr) {

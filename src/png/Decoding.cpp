@@ -19,8 +19,8 @@
 namespace editor {
 namespace {
 
-// Rows are inflated, reconstructed and converted in bands of about this many bytes, which stay in
-// the processor's own cache from one step to the next.
+// Rows are inflated, reconstructed and converted in bands of about this many bytes, some of which
+// stay in the processor's caches from one step to the next.
 constexpr std::int32_t BandBytes = 256 * 1024;
 
 // As many rows as are reconstructed together at most.
@@ -132,24 +132,20 @@ bool ConvertRows(const HeaderRec& header, std::int32_t filteredSize, RowConverte
     const std::int64_t packed = (std::int64_t{header.Width} * bitCount + 7) / 8;
     const auto padding = static_cast<std::size_t>(stride - packed);
 
-    // The row before a band, then the band. Above the top row is a row of zeros.
-    const std::int32_t bandRows =
-        std::min(header.Height, std::max(MinimumBandRows, BandBytes / RowBytes(header)));
-    LargeBuffer rows(rowBytes * (static_cast<std::size_t>(bandRows) + 1));
-    const std::span<std::uint8_t> previous = rows.bytes().first(rowBytes);
-    std::ranges::fill(previous, std::uint8_t{0});
+    const std::size_t bandRows =
+        static_cast<std::size_t>(std::max(MinimumBandRows, BandBytes / RowBytes(header)));
+    std::vector<std::uint8_t> previous(rowBytes); // above the top row is a row of zeros
     std::int32_t y = 0;
-    return Inflate(GetImageData(), filteredSize, rows.bytes().subspan(rowBytes),
-                   [&](std::span<std::uint8_t> band) {
-                       Unfilter(header, band, previous.subspan(1));
-                       for (std::size_t at = 0; at < band.size(); at += rowBytes, ++y) {
-                           std::uint8_t* out =
-                               BottomUpRow(image.Pixels.data(), stride, header.Height, y);
-                           converter.Convert(band.subspan(at + 1, rowBytes - 1), out);
-                           std::memset(out + packed, 0, padding);
-                       }
-                       std::ranges::copy(band.last(rowBytes), previous.begin());
-                   });
+    return Inflate(
+        GetImageData(), filteredSize, rowBytes * bandRows, [&](std::span<std::uint8_t> band) {
+            Unfilter(header, band, std::span(previous).subspan(1));
+            for (std::size_t at = 0; at < band.size(); at += rowBytes, ++y) {
+                std::uint8_t* out = BottomUpRow(image.Pixels.data(), stride, header.Height, y);
+                converter.Convert(band.subspan(at + 1, rowBytes - 1), out);
+                std::memset(out + packed, 0, padding);
+            }
+            std::ranges::copy(band.last(rowBytes), previous.begin());
+        });
 }
 
 } // namespace

@@ -21,10 +21,11 @@ Bytes ByZlib(const Bytes& stream, std::size_t size) {
 }
 
 Bytes InBands(const Bytes& stream, std::size_t size, std::size_t bandSize) {
-    Bytes inflated, band(bandSize, 99);
-    const bool accepted = Inflate(stream, static_cast<std::int32_t>(size), band, [&](auto next) {
+    Bytes inflated;
+    const auto append = [&](auto next) {
         inflated.insert(inflated.end(), next.begin(), next.end());
-    });
+    };
+    const bool accepted = Inflate(stream, static_cast<std::int32_t>(size), bandSize, append);
     return accepted ? inflated : Bytes();
 }
 
@@ -46,6 +47,9 @@ TEST(InflateTest, InBandsOfAnySizeWholeAndDamagedStreamsGiveWhatZlibGives) {
             }
         }
     }
+    // What is thrown while more is inflated ahead.
+    const auto refuse = [](auto) { throw std::overflow_error("no"); };
+    EXPECT_THROW(static_cast<void>(Inflate(whole, Size, 9, refuse)), std::overflow_error);
     // The largest sums of the checksum.
     EXPECT_EQ(InBands(Deflated(Bytes(70000, 255)), 70000, 9999), Bytes(70000, 255));
 }
