@@ -8,16 +8,19 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstddef>
+#include <future>
 #include <limits>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace editor {
 namespace {
 
-// A table that any byte may index.
-using ColourTable = std::array<std::uint32_t, 256>;
+// A thread draws rows of about so many pixels at a time, which takes longer than to start it.
+constexpr std::int32_t PixelsAtATime = 1 << 19;
 
 std::uint32_t ColourOf(const std::uint8_t* triple) {
     return Opaque | static_cast<std::uint32_t>(triple[2] << 16 | triple[1] << 8 | triple[0]);
@@ -37,7 +40,8 @@ ColourTable ColoursOf(std::span<const std::uint8_t> palette) {
 template <int Bits>
 void DrawIndices(std::uint32_t* out, const std::uint8_t* row, VisiblePart part,
                  const ColourTable& colours) {
-    for (std::int32_t i = 0; i < part.count; ++i) {
+    std::int32_t i = Bits == 8 ? LookUpColours(out, row + part.first, part.count, colours) : 0;
+    for (; i < part.count; ++i) {
         out[i] = colours[PackedSample<Bits>(row, part.first + i)];
     }
 }
@@ -73,18 +77,40 @@ std::uint32_t* DrawingSurface::row(std::int32_t y) {
     return RowAt(y);
 }
 
-const std::uint32_t* DrawingSurface::ShownRow(std::int32_t y) {
-    if (y < filledRows_) {
-        return RowAt(y);
+void DrawingSurface::Draw(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height,
+                          const RowDrawer& draw) {
+    const VisiblePart columns = Clip(x, width, width_);
+    const VisiblePart rows = Clip(y, height, height_);
+    if (columns.count == 0 || rows.count == 0) {
+        return;
     }
-    initialRow_.resize(static_cast<std::size_t>(width_), NeutralGrey);
-    return initialRow_.data();
-}
-
-std::uint32_t* DrawingSurface::RowToCover(std::int32_t y) {
-    FillRowsBelow(y);
-    filledRows_ = std::max(filledRows_, y + 1);
-    return RowAt(y);
+    const std::int32_t top = y + rows.first;
+    FillRowsBelow(columns.count == width_ ? top : top + rows.count);
+    const std::int32_t filledRows =
+        std::exchange(filledRows_, std::max(filledRows_, top + rows.count));
+    const std::vector<std::uint32_t> initialRow(static_cast<std::size_t>(columns.count),
+                                                NeutralGrey);
+    const std::int64_t most = std::max(1, PixelsAtATime / columns.count);
+    std::atomic<std::int64_t> next = 0;
+    const auto drawRows = [&] {
+        for (std::int64_t from = next.fetch_add(most); from < rows.count;
+             from = next.fetch_add(most)) {
+            const std::int64_t end = std::min<std::int64_t>(from + most, rows.count);
+            for (auto r = static_cast<std::int32_t>(from); r < end; ++r) {
+                std::uint32_t* out = RowAt(top + r) + (x + columns.first);
+                draw(rows.first + r, columns, out, top + r < filledRows ? out : initialRow.data());
+            }
+        }
+    };
+    std::future<void> other;
+    if (rows.count > most) {
+        // Where no thread can be started, this is put off until get() wants it.
+        other = std::async(drawRows);
+    }
+    drawRows();
+    if (other.valid()) {
+        other.get();
+    }
 }
 
 LargeBuffer DrawingSurface::TakePixels() {
@@ -116,32 +142,26 @@ void SetDIBitsToDevice(DrawingSurface& hDC, std::int32_t x, std::int32_t y,
                        const BITMAPINFOHEADER& header, std::span<const std::uint8_t> palette,
                        std::span<const std::uint8_t> pixels) {
     const ColourTable colours = ColoursOf(palette);
-    const VisiblePart columns = Clip(x, header.biWidth, hDC.width());
-    const VisiblePart rows = Clip(y, header.biHeight, hDC.height());
-    if (columns.count == 0) {
-        return;
-    }
     const std::ptrdiff_t stride =
         DibStride(header.biWidth, static_cast<std::int16_t>(header.biBitCount));
-    for (std::int32_t r = rows.first; r < rows.first + rows.count; ++r) {
-        const std::uint8_t* row = BottomUpRow(pixels.data(), stride, header.biHeight, r);
-        std::uint32_t* out = columns.count == hDC.width() ? hDC.RowToCover(y + r)
-                                                          : hDC.row(y + r) + (x + columns.first);
-        switch (header.biBitCount) {
-        case 1:
-            DrawIndices<1>(out, row, columns, colours);
-            break;
-        case 4:
-            DrawIndices<4>(out, row, columns, colours);
-            break;
-        case 8:
-            DrawIndices<8>(out, row, columns, colours);
-            break;
-        default:
-            DrawTriples(out, row, columns);
-            break;
-        }
-    }
+    hDC.Draw(x, y, header.biWidth, header.biHeight,
+             [&](std::int32_t r, VisiblePart part, std::uint32_t* out, const std::uint32_t*) {
+                 const std::uint8_t* row = BottomUpRow(pixels.data(), stride, header.biHeight, r);
+                 switch (header.biBitCount) {
+                 case 1:
+                     DrawIndices<1>(out, row, part, colours);
+                     break;
+                 case 4:
+                     DrawIndices<4>(out, row, part, colours);
+                     break;
+                 case 8:
+                     DrawIndices<8>(out, row, part, colours);
+                     break;
+                 default:
+                     DrawTriples(out, row, part);
+                     break;
+                 }
+             });
 }
 
 } // namespace editor

@@ -6,16 +6,23 @@
 #include "pictures/LargeBuffer.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
-#include <vector>
 
 namespace editor {
+
+/// The part of `length` pixels laid from `position` on that falls within 0 to `limit` - 1.
+struct VisiblePart {
+    std::int32_t first = 0; // of the pixels laid
+    std::int32_t count = 0;
+};
+[[nodiscard]] VisiblePart Clip(std::int32_t position, std::int32_t length, std::int32_t limit);
 
 /// An off-screen surface to draw pictures on, in the place of the platform's device context:
 /// rows of 32-bit pixels 0xffRRGGBB, top row first, without padding. It starts out in NeutralGrey.
 ///
-/// Rows are filled with that grey only when they are first asked for, so that drawing from the top
-/// down over the whole width never fills what it is about to cover.
+/// Rows are filled with that grey only when something else than a picture of the whole width is to
+/// be seen in them, so that a picture never covers what has just been filled.
 class DrawingSurface {
   public:
     /// Sizes in pixels, at least 0. Throws std::bad_alloc when the memory cannot be had.
@@ -27,12 +34,16 @@ class DrawingSurface {
     /// Row y, 0 at the top: width() pixels, to be read and changed.
     [[nodiscard]] std::uint32_t* row(std::int32_t y);
 
-    /// What row y shows, to be read: valid until the next call for a row.
-    [[nodiscard]] const std::uint32_t* ShownRow(std::int32_t y);
+    /// Sets the pixels from `out` on to what `columns` of row `row` of a picture make of the pixels
+    /// from `shown` on, which may be the same place.
+    using RowDrawer = std::function<void(std::int32_t row, VisiblePart columns, std::uint32_t* out,
+                                         const std::uint32_t* shown)>;
 
-    /// Row y for a caller that will set all of its width() pixels, which hold anything until then.
-    /// What ShownRow() gave for the same row can still be read.
-    [[nodiscard]] std::uint32_t* RowToCover(std::int32_t y);
+    /// Calls `draw` for each visible row of a picture of `width` x `height` pixels whose top-left
+    /// one is at (x, y); what lies outside the surface is dropped. Of large pictures, two threads
+    /// draw rows at the same time.
+    void Draw(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height,
+              const RowDrawer& draw);
 
     /// The pixels, handed over; the surface is empty afterwards.
     [[nodiscard]] LargeBuffer TakePixels();
@@ -45,7 +56,6 @@ class DrawingSurface {
     std::int32_t height_;
     std::int32_t filledRows_ = 0; // rows from here on are still to be filled with grey
     LargeBuffer pixels_;
-    std::vector<std::uint32_t> initialRow_; // what such rows show, made when it is first needed
 };
 
 /// The header of a device-independent bitmap, field by field as the platform documents it.
@@ -69,13 +79,6 @@ static_assert(sizeof(BITMAPINFOHEADER) == 40);
 /// Bytes of one row of a device-independent bitmap: the pixels, rounded up to a multiple of 4.
 /// Throws std::overflow_error when width x bits leaves the signed 32-bit range.
 [[nodiscard]] std::int32_t DibStride(std::int32_t width, std::int16_t bitsPerPixel);
-
-/// The part of `length` pixels laid from `position` on that falls within 0 to `limit` - 1.
-struct VisiblePart {
-    std::int32_t first = 0; // of the pixels laid
-    std::int32_t count = 0;
-};
-[[nodiscard]] VisiblePart Clip(std::int32_t position, std::int32_t length, std::int32_t limit);
 
 /// Copies all of a bottom-up bitmap of 1, 4, 8 or 24 bits per pixel to the surface, its top-left
 /// pixel to (x, y); what lies outside the surface is dropped. `palette` has 4 bytes per entry,

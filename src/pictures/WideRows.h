@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace editor {
@@ -10,6 +11,13 @@ namespace editor {
 // Work on rows of pixels, several pixels at a time where the processor has instructions for it.
 // Each function that returns a number does that many pixels from the first one on, at most `count`,
 // and leaves the rest of the row to its caller. In plain C++ that number is 0.
+
+/// The colours of any byte.
+using ColourTable = std::array<std::uint32_t, 256>;
+
+/// Makes pixels of 8-bit indices.
+[[nodiscard]] std::int32_t LookUpColours(std::uint32_t* out, const std::uint8_t* indices,
+                                         std::int32_t count, const ColourTable& colours);
 
 /// Makes pixels 0xffRRGGBB of blue, green and red bytes.
 [[nodiscard]] std::int32_t WidenTriples(std::uint32_t* out, const std::uint8_t* triples,

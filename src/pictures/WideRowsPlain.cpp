@@ -8,6 +8,10 @@
 
 namespace editor {
 
+std::int32_t LookUpColours(std::uint32_t*, const std::uint8_t*, std::int32_t, const ColourTable&) {
+    return 0;
+}
+
 std::int32_t WidenTriples(std::uint32_t*, const std::uint8_t*, std::int32_t) {
     return 0;
 }

@@ -41,24 +41,13 @@ void DrawPlain(DrawingSurface& hDC, std::int32_t x, std::int32_t y, const Bitmap
 }
 
 void DrawBlended(DrawingSurface& hDC, std::int32_t x, std::int32_t y, const BitmapRec& image) {
-    const VisiblePart columns = Clip(x, image.Header.biWidth, hDC.width());
-    const VisiblePart rows = Clip(y, image.Header.biHeight, hDC.height());
-    if (columns.count == 0) {
-        return;
-    }
     const std::ptrdiff_t stride = DibStride(image.Header.biWidth, 32);
-    for (std::int32_t r = rows.first; r < rows.first + rows.count; ++r) {
-        const std::uint8_t* row =
-            BottomUpRow(image.Pixels.data(), stride, image.Header.biHeight, r);
-        const std::uint8_t* pixels = row + std::ptrdiff_t{4} * columns.first;
-        if (columns.count == hDC.width()) {
-            const std::uint32_t* background = hDC.ShownRow(y + r);
-            BlendRow(hDC.RowToCover(y + r), background, pixels, columns.count);
-        } else {
-            std::uint32_t* out = hDC.row(y + r) + (x + columns.first);
-            BlendRow(out, out, pixels, columns.count);
-        }
-    }
+    hDC.Draw(x, y, image.Header.biWidth, image.Header.biHeight,
+             [&](std::int32_t r, VisiblePart part, std::uint32_t* out, const std::uint32_t* shown) {
+                 const std::uint8_t* row =
+                     BottomUpRow(image.Pixels.data(), stride, image.Header.biHeight, r);
+                 BlendRow(out, shown, row + std::ptrdiff_t{4} * part.first, part.count);
+             });
 }
 
 } // namespace editor
