@@ -9,7 +9,8 @@
 
 #include <algorithm>
 #include <array>
-#include <semaphore>
+#include <condition_variable>
+#include <mutex>
 #include <system_error>
 #include <thread>
 
@@ -78,8 +79,10 @@ class Bands {
         }
     }
     ~Bands() {
-        thread_.request_stop();
-        Release();
+        if (thread_.joinable()) {
+            Change([this] { ending_ = true; });
+            thread_.join();
+        }
     }
     Bands(const Bands&) = delete;
     Bands& operator=(const Bands&) = delete;
@@ -90,7 +93,7 @@ class Bands {
             return {};
         }
         if (thread_.joinable()) {
-            inflated_.acquire();
+            WaitUntil([this] { return inflated_ > taken_; });
         } else {
             InflateOne();
         }
@@ -100,9 +103,7 @@ class Bands {
     }
 
     void Release() {
-        if (thread_.joinable()) {
-            free_.release();
-        }
+        Change([this] { ++released_; });
     }
 
   private:
@@ -111,16 +112,36 @@ class Bands {
 
     void StartThread() {
         try {
-            thread_ = std::jthread([this](const std::stop_token& stop) {
-                while (toInflate_ > 0 && !stop.stop_requested()) {
-                    free_.acquire();
+            thread_ = std::thread([this] {
+                bool ending = false;
+                while (toInflate_ > 0 && !ending) {
                     InflateOne();
-                    inflated_.release();
+                    Change([this] { ++inflated_; });
+                    WaitUntil([&] {
+                        ending = ending_;
+                        return ending || inflated_ - released_ < places_;
+                    });
                 }
             });
         } catch (const std::system_error&) {
             // Where no thread is to be had, Next() inflates.
         }
+    }
+
+    // What both threads know changes and is waited for under the mutex.
+    template <class Action>
+    void Change(Action action) {
+        {
+            const std::lock_guard lock(mutex_);
+            action();
+        }
+        changed_.notify_one();
+    }
+
+    template <class Condition>
+    void WaitUntil(Condition condition) {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, condition);
     }
 
     void InflateOne() {
@@ -135,15 +156,17 @@ class Bands {
     std::size_t bandSize_;
     std::size_t toInflate_; // bytes
     std::size_t toTake_;    // bytes
-    std::size_t begun_ = 0; // bands
-    std::size_t taken_ = 0; // bands
+    std::size_t begun_ = 0; // bands, as all that follow
+    std::size_t taken_ = 0;
+    std::size_t inflated_ = 0; // by the thread
+    std::size_t released_ = 0;
+    bool ending_ = false;
     std::size_t places_;
     LargeBuffer buffer_;
     std::array<Band, MostPlaces> bands_;
-    // Bands that the thread may fill, and one more to wake it when it is to end.
-    std::counting_semaphore<MostPlaces + 1> free_{MostPlaces};
-    std::counting_semaphore<MostPlaces> inflated_{0};
-    std::jthread thread_; // the last member: it ends before what it uses
+    std::mutex mutex_;
+    std::condition_variable changed_; // only one thread can be waiting
+    std::thread thread_;
 };
 
 } // namespace
