@@ -72,15 +72,16 @@ class Bands {
 
     // `size` bytes in bands of `bandSize`.
     Bands(InflateStream& stream, std::size_t size, std::size_t bandSize)
-        : stream_(stream), bandSize_(std::min(bandSize, size)), toInflate_(size), toTake_(size),
-          places_(size / bandSize > MostPlaces ? MostPlaces : 1), buffer_(places_ * bandSize_) {
+        : stream_(stream), size_(size), bandSize_(std::min(bandSize, size)),
+          count_((size + bandSize - 1) / bandSize), places_(count_ > MostPlaces ? MostPlaces : 1),
+          buffer_(places_ * bandSize_) {
         if (places_ > 1) {
             StartThread();
         }
     }
     ~Bands() {
+        Change([this] { count_ = 0; });
         if (thread_.joinable()) {
-            Change([this] { ending_ = true; });
             thread_.join();
         }
     }
@@ -89,17 +90,12 @@ class Bands {
 
     // The next one, to be released before the one after it is asked for; empty after the last.
     [[nodiscard]] Band Next() {
-        if (toTake_ == 0) {
-            return {};
+        if (!thread_.joinable()) {
+            static_cast<void>(InflateOne());
         }
-        if (thread_.joinable()) {
-            WaitUntil([this] { return inflated_ > taken_; });
-        } else {
-            InflateOne();
-        }
-        const Band& band = bands_[taken_++ % places_];
-        toTake_ -= band.bytes.size();
-        return band;
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return inflated_ > released_ || released_ == count_; });
+        return released_ == count_ ? Band() : bands_[released_ % places_];
     }
 
     void Release() {
@@ -113,14 +109,7 @@ class Bands {
     void StartThread() {
         try {
             thread_ = std::thread([this] {
-                bool ending = false;
-                while (toInflate_ > 0 && !ending) {
-                    InflateOne();
-                    Change([this] { ++inflated_; });
-                    WaitUntil([&] {
-                        ending = ending_;
-                        return ending || inflated_ - released_ < places_;
-                    });
+                while (InflateOne()) {
                 }
             });
         } catch (const std::system_error&) {
@@ -128,7 +117,25 @@ class Bands {
         }
     }
 
-    // What both threads know changes and is waited for under the mutex.
+    // Inflates a band once there is a place for it. False when no more are wanted.
+    [[nodiscard]] bool InflateOne() {
+        {
+            std::unique_lock lock(mutex_);
+            changed_.wait(
+                lock, [this] { return inflated_ - released_ < places_ || inflated_ >= count_; });
+            if (inflated_ >= count_) {
+                return false;
+            }
+        }
+        const std::size_t place = inflated_ % places_;
+        Band& band = bands_[place];
+        band.bytes = buffer_.bytes().subspan(place * bandSize_,
+                                             std::min(bandSize_, size_ - inflated_ * bandSize_));
+        band.filled = stream_.Fill(band.bytes);
+        Change([this] { ++inflated_; });
+        return true;
+    }
+
     template <class Action>
     void Change(Action action) {
         {
@@ -138,34 +145,19 @@ class Bands {
         changed_.notify_one();
     }
 
-    template <class Condition>
-    void WaitUntil(Condition condition) {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, condition);
-    }
-
-    void InflateOne() {
-        const std::size_t place = begun_++ % places_;
-        Band& band = bands_[place];
-        band.bytes = buffer_.bytes().subspan(place * bandSize_, std::min(bandSize_, toInflate_));
-        band.filled = stream_.Fill(band.bytes);
-        toInflate_ -= band.bytes.size();
-    }
-
     InflateStream& stream_;
+    std::size_t size_;
     std::size_t bandSize_;
-    std::size_t toInflate_; // bytes
-    std::size_t toTake_;    // bytes
-    std::size_t begun_ = 0; // bands, as all that follow
-    std::size_t taken_ = 0;
-    std::size_t inflated_ = 0; // by the thread
-    std::size_t released_ = 0;
-    bool ending_ = false;
+    std::size_t count_; // of bands that are wanted
     std::size_t places_;
     LargeBuffer buffer_;
     std::array<Band, MostPlaces> bands_;
+    std::size_t inflated_ = 0; // bands so far
+    std::size_t released_ = 0;
+    // For the three counts. No semaphores: as libstdc++ 12 builds them for Windows, a waiter can
+    // miss that it has been woken. Only one thread waits at a time.
     std::mutex mutex_;
-    std::condition_variable changed_; // only one thread can be waiting
+    std::condition_variable changed_;
     std::thread thread_;
 };
 

@@ -86,8 +86,6 @@ void DrawingSurface::Draw(std::int32_t x, std::int32_t y, std::int32_t width, st
     }
     const std::int32_t top = y + rows.first;
     FillRowsBelow(columns.count == width_ ? top : top + rows.count);
-    const std::int32_t filledRows =
-        std::exchange(filledRows_, std::max(filledRows_, top + rows.count));
     const std::vector<std::uint32_t> initialRow(static_cast<std::size_t>(columns.count),
                                                 NeutralGrey);
     const std::int64_t most = std::max(1, PixelsAtATime / columns.count);
@@ -98,7 +96,7 @@ void DrawingSurface::Draw(std::int32_t x, std::int32_t y, std::int32_t width, st
             const std::int64_t end = std::min<std::int64_t>(from + most, rows.count);
             for (auto r = static_cast<std::int32_t>(from); r < end; ++r) {
                 std::uint32_t* out = RowAt(top + r) + (x + columns.first);
-                draw(rows.first + r, columns, out, top + r < filledRows ? out : initialRow.data());
+                draw(rows.first + r, columns, out, top + r < filledRows_ ? out : initialRow.data());
             }
         }
     };
@@ -111,6 +109,7 @@ void DrawingSurface::Draw(std::int32_t x, std::int32_t y, std::int32_t width, st
     if (other.valid()) {
         other.get();
     }
+    filledRows_ = std::max(filledRows_, top + rows.count);
 }
 
 LargeBuffer DrawingSurface::TakePixels() {

@@ -9,8 +9,8 @@
 #include <new>
 #include <utility>
 
-// Under the sanitizers buffers come from malloc(), which puts guards around a block; mmap() does
-// not.
+// Under AddressSanitizer and MemorySanitizer buffers come from malloc(), which puts guards around a
+// block; mmap() does not.
 #if defined(__SANITIZE_ADDRESS__)
 #define EDITOR_PLAIN_BUFFERS
 #elif defined(__has_feature)

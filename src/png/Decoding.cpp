@@ -132,20 +132,20 @@ bool ConvertRows(const HeaderRec& header, std::int32_t filteredSize, RowConverte
     const std::int64_t packed = (std::int64_t{header.Width} * bitCount + 7) / 8;
     const auto padding = static_cast<std::size_t>(stride - packed);
 
-    const std::size_t bandRows =
-        static_cast<std::size_t>(std::max(MinimumBandRows, BandBytes / RowBytes(header)));
+    const std::int32_t bandRows =
+        std::min(header.Height, std::max(MinimumBandRows, BandBytes / RowBytes(header)));
+    const std::size_t bandSize = rowBytes * static_cast<std::size_t>(bandRows);
     std::vector<std::uint8_t> previous(rowBytes); // above the top row is a row of zeros
     std::int32_t y = 0;
-    return Inflate(
-        GetImageData(), filteredSize, rowBytes * bandRows, [&](std::span<std::uint8_t> band) {
-            Unfilter(header, band, std::span(previous).subspan(1));
-            for (std::size_t at = 0; at < band.size(); at += rowBytes, ++y) {
-                std::uint8_t* out = BottomUpRow(image.Pixels.data(), stride, header.Height, y);
-                converter.Convert(band.subspan(at + 1, rowBytes - 1), out);
-                std::memset(out + packed, 0, padding);
-            }
-            std::ranges::copy(band.last(rowBytes), previous.begin());
-        });
+    return Inflate(GetImageData(), filteredSize, bandSize, [&](std::span<std::uint8_t> band) {
+        Unfilter(header, band, std::span(previous).subspan(1));
+        for (std::size_t at = 0; at < band.size(); at += rowBytes, ++y) {
+            std::uint8_t* out = BottomUpRow(image.Pixels.data(), stride, header.Height, y);
+            converter.Convert(band.subspan(at + 1, rowBytes - 1), out);
+            std::memset(out + packed, 0, padding);
+        }
+        std::ranges::copy(band.last(rowBytes), previous.begin());
+    });
 }
 
 } // namespace

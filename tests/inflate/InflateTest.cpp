@@ -5,7 +5,9 @@
 
 #include "support/PngBuilder.h"
 
+#include <chrono>
 #include <gtest/gtest.h>
+#include <thread>
 #include <zlib.h>
 
 namespace editor {
@@ -20,9 +22,11 @@ Bytes ByZlib(const Bytes& stream, std::size_t size) {
     return result == Z_OK && filled >= 1 ? inflated : Bytes();
 }
 
-Bytes InBands(const Bytes& stream, std::size_t size, std::size_t bandSize) {
+Bytes InBands(const Bytes& stream, std::size_t size, std::size_t bandSize,
+              std::chrono::milliseconds pause = {}) {
     Bytes inflated;
     const auto append = [&](auto next) {
+        std::this_thread::sleep_for(pause);
         inflated.insert(inflated.end(), next.begin(), next.end());
     };
     const bool accepted = Inflate(stream, static_cast<std::int32_t>(size), bandSize, append);
@@ -47,6 +51,8 @@ TEST(InflateTest, InBandsOfAnySizeWholeAndDamagedStreamsGiveWhatZlibGives) {
             }
         }
     }
+    // A band that is used for long, while others are inflated ahead.
+    EXPECT_EQ(InBands(whole, Size, 9, std::chrono::milliseconds(1)), ByZlib(whole, Size));
     // What is thrown while more is inflated ahead.
     const auto refuse = [](auto) { throw std::overflow_error("no"); };
     EXPECT_THROW(static_cast<void>(Inflate(whole, Size, 9, refuse)), std::overflow_error);
