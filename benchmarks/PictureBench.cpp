@@ -97,6 +97,7 @@ Targets TargetsOf(const MadePicture& picture) {
     if (picture.kind == "palette 8" && !photo) {
         targets.firstToQt = 0.4;
         targets.firstToUncompress = 2.3;
+        targets.againToUncompress = 1.45;
     }
     const std::size_t content = photo ? 1 : 0;
     for (const ZlibTargets& large : LargePictures) {
