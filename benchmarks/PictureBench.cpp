@@ -95,7 +95,7 @@ Targets TargetsOf(const MadePicture& picture) {
         targets.peakToPicture = 2.8;
     }
     if (picture.kind == "palette 8" && !photo) {
-        targets.firstToQt = 0.4;
+        targets.firstToQt = picture.header.Width >= 4096 ? 0.3 : 0.4;
         targets.firstToUncompress = 2.3;
         targets.againToUncompress = 1.45;
     }

@@ -20,8 +20,8 @@
 namespace editor {
 namespace {
 
-// A zlib stream that is inflated piece by piece. Its checksum is checked here, because zlib takes
-// many times as long to work it out: up to a third of a load.
+// A zlib stream that is inflated piece by piece. Its checksum is not left to zlib, which takes many
+// times as long to work it out: up to a third of a load.
 class InflateStream {
   public:
     explicit InflateStream(std::span<const std::uint8_t> data) {
@@ -49,7 +49,7 @@ class InflateStream {
         return out.size() - stream_.avail_out;
     }
 
-    // Whether the stream has ended, was not empty, and its last bytes are the checksum of its data.
+    // Whether the stream has ended, was not empty, and its last bytes are `checksum`.
     [[nodiscard]] bool EndedWell(const Adler32& checksum) const {
         return status_ == Z_STREAM_END && stream_.total_out > 0 &&
                checksum.Value() == BigEndian(stream_.next_in - sizeof(std::uint32_t));
